@@ -1,0 +1,223 @@
+#include "_Velmora/CQvxMaterial.h"
+
+#include <cfloat>
+#include <charconv>
+#include <cmath>
+
+#include "CQvxException.h"
+#include "_Velmora/CQvxSezMaterialu.h"
+
+namespace {
+
+constexpr int kLineCopyPrefix = 87;
+constexpr int kLineCopySuffix = 89;
+constexpr int kLineInsertProfile = 125;
+constexpr int kLineNameMismatch = 211;
+constexpr int kLineManufacturerTooLong = 212;
+constexpr int kLineNoPnOrSdr = 224;
+constexpr int kLineApplyPrefix = 232;
+constexpr int kLineApplySuffix = 234;
+constexpr int kLineGenerateSeries = 315;
+
+constexpr float kNewMaterialRoughness = 0.00001f;
+constexpr int kFirstDnWithThickWall = 19;  // "DN 400"
+constexpr float kThinDefaultWall = 3.0f;
+constexpr float kThickDefaultWall = 5.0f;
+
+[[noreturn]] void Throw(std::u16string_view message, int line) {
+    throw CQvxException(message, line, SourceModule::kMaterial);
+}
+
+// Narrowing that stays defined for doubles beyond the float range.
+float ToFloat(double value) {
+    if (std::isfinite(value) && std::fabs(value) > FLT_MAX) return value > 0 ? FLT_MAX : -FLT_MAX;
+    return static_cast<float>(value);
+}
+
+// Reads the number at the start of a text, as the C library's atof does: leading blanks and a
+// sign are allowed, anything after the number is ignored, no number gives 0.
+double ParseLeadingNumber(std::u16string_view text) {
+    std::string narrow;
+    for (char16_t unit : text) {
+        if (unit >= 0x80) break;
+        narrow.push_back(static_cast<char>(unit));
+    }
+    std::size_t start = narrow.find_first_not_of(" \t\n\r\v\f");
+    if (start == std::string::npos) return 0.0;
+    bool negative = false;
+    if (narrow[start] == '+' || narrow[start] == '-') {
+        negative = narrow[start] == '-';
+        ++start;
+    }
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(narrow.data() + start, narrow.data() + narrow.size(), value);
+    if (error != std::errc()) return 0.0;
+    return negative ? -value : value;
+}
+
+}  // namespace
+
+CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner) : owner_(owner) {}
+
+CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, std::u16string_view uniqueName, int32_t placement,
+                           int32_t medium)
+    : uniqueName_(uniqueName),
+      roughness_(kNewMaterialRoughness),
+      placement_(NormalisedPlacement(placement)),
+      medium_(NormalisedMedium(medium)),
+      owner_(owner) {}
+
+CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source)
+    : descriptionMode_(source.descriptionMode_),
+      onInnerDiameter_(source.onInnerDiameter_),
+      uniqueName_(source.uniqueName_),
+      displayName_(source.displayName_),
+      description_(source.description_),
+      manufacturer_(source.manufacturer_),
+      roughness_(source.roughness_),
+      placement_(source.placement_),
+      medium_(source.medium_),
+      owner_(owner),
+      pnIndex_(source.pnIndex_),
+      sdrIndex_(source.sdrIndex_),
+      users_(source.users_) {
+    if (!prefix_.Assign(source.Prefix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopyPrefix);
+    if (!suffix_.Assign(source.Suffix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopySuffix);
+    for (const auto& [dnIndex, profile] : source.profiles_) {
+        profiles_.emplace(dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
+    }
+}
+
+CQvxMaterial::~CQvxMaterial() { users_.ReleaseAll(); }
+
+CQvxProfil* CQvxMaterial::AddProfile(int dnIndex) {
+    const DnRow* row = FindDnRow(dnIndex);
+    if (row == nullptr || profiles_.contains(dnIndex)) return nullptr;
+    CQvxProfil* profile = profiles_.emplace(dnIndex, std::make_unique<CQvxProfil>(*this, dnIndex)).first->second.get();
+    MarkChanged();
+
+    const float defaultWall = dnIndex < kFirstDnWithThickWall ? kThinDefaultWall : kThickDefaultWall;
+    if (descriptionMode_ == DescriptionMode::Dn) {
+        profile->SetDimensions(row->value, defaultWall);
+        return profile;
+    }
+    // A material without an SDR choice yet (-1) gets the default wall, as "---" does.
+    const auto outer = static_cast<float>(row->outerDiameter);
+    const SdrRow* sdr = FindSdrRow(sdrIndex_);
+    const float wall = sdr != nullptr && sdrIndex_ != 0 ? outer / sdr->value : defaultWall;
+    profile->SetDimensions(outer - 2.0f * wall, wall);
+    return profile;
+}
+
+void CQvxMaterial::GenerateSeries(int fromIndex, int toIndex) {
+    DeleteAllProfiles();
+    for (int index = fromIndex; index <= toIndex; ++index) {
+        if (AddProfile(index) == nullptr) Throw(u"Nelze přidat profil", kLineGenerateSeries);
+    }
+}
+
+void CQvxMaterial::DeleteAllProfiles() {
+    profiles_.clear();
+    MarkChanged();
+}
+
+void CQvxMaterial::AddMissingProfiles(const CQvxMaterial& other) {
+    for (const auto& [dnIndex, profile] : other.profiles_) {
+        if (profiles_.contains(dnIndex)) continue;
+        auto copy = std::make_unique<CQvxProfil>(*this, *profile);
+        const int key = copy->DnIndex();
+        if (!profiles_.emplace(key, std::move(copy)).second) Throw(u"Nelze vložit profil", kLineInsertProfile);
+    }
+    MarkChanged();
+}
+
+void CQvxMaterial::ApplyExchangeRecord(const MaterialExchangeRecord& record) {
+    if (record.uniqueName != uniqueName_) Throw(u"Jméno materiálu v předané struktuře nesouhlasí", kLineNameMismatch);
+    if (record.manufacturer.size() > kManufacturerMaxLength) Throw(u"Příliš dlouhý výrobce", kLineManufacturerTooLong);
+
+    roughness_ = record.roughness == MaterialExchangeRecord::kRoughnessFromText
+                     ? ToFloat(ParseLeadingNumber(record.roughnessText))
+                     : ToFloat(record.roughness);
+    displayName_ = record.displayName;
+    manufacturer_ = record.manufacturer;
+    description_ = record.description;
+    pnIndex_ = record.pnIndex;
+    sdrIndex_ = record.sdrIndex;
+    shape_ = record.shape;
+    if (pnIndex_ == -1 || sdrIndex_ == -1) Throw(u"SDR nebo PN nenalezeno v seznamu ", kLineNoPnOrSdr);
+
+    placement_ = NormalisedPlacement(record.placement);
+    medium_ = NormalisedMedium(record.medium);
+    const bool labelsChange = descriptionMode_ != record.descriptionMode ||
+                              onInnerDiameter_ != record.onInnerDiameter || Prefix() != record.prefix ||
+                              Suffix() != record.suffix;
+    descriptionMode_ = record.descriptionMode;
+    onInnerDiameter_ = record.onInnerDiameter;
+    if (!prefix_.Assign(record.prefix)) Throw(u"Chyba při kopírování řetězce v paměti", kLineApplyPrefix);
+    if (!suffix_.Assign(record.suffix)) Throw(u"Chyba při kopírování řetězce v paměti", kLineApplySuffix);
+
+    if (labelsChange) RebuildAllLabels();
+    MarkChanged();
+}
+
+MaterialExchangeRecord CQvxMaterial::MakeExchangeRecord() const {
+    MaterialExchangeRecord record;
+    record.uniqueName = uniqueName_;
+    record.manufacturer = manufacturer_;
+    record.description = description_;
+    record.displayName = displayName_;
+    record.pnIndex = pnIndex_;
+    record.sdrIndex = sdrIndex_;
+    record.shape = shape_;
+    record.placement = placement_;
+    record.medium = medium_;
+    record.descriptionMode = descriptionMode_;
+    record.onInnerDiameter = onInnerDiameter_;
+    record.prefix = Prefix();
+    record.suffix = Suffix();
+    record.roughness = roughness_;
+    return record;
+}
+
+bool CQvxMaterial::IsEqual(const CQvxMaterial& other) const {
+    if (uniqueName_ != other.uniqueName_ || displayName_ != other.displayName_ ||
+        description_ != other.description_ || manufacturer_ != other.manufacturer_ ||
+        profiles_.size() != other.profiles_.size()) {
+        return false;
+    }
+    for (auto mine = profiles_.begin(), theirs = other.profiles_.begin(); mine != profiles_.end(); ++mine, ++theirs) {
+        const CQvxProfil& a = *mine->second;
+        const CQvxProfil& b = *theirs->second;
+        if (a.DnIndex() != b.DnIndex() ||
+            std::fabs(double(a.InnerDiameter()) - double(b.InnerDiameter())) >= 0.001 ||
+            std::fabs(double(a.Wall()) - double(b.Wall())) >= 0.0001 || a.UrsMaterialCode() != b.UrsMaterialCode()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+CQvxProfil* CQvxMaterial::FindProfile(int dnIndex) const {
+    const auto found = profiles_.find(dnIndex);
+    return found == profiles_.end() ? nullptr : found->second.get();
+}
+
+void CQvxMaterial::MarkChanged() {
+    if (owner_ != nullptr) owner_->MarkChanged();
+}
+
+bool CQvxMaterial::MoveProfileKey(const CQvxProfil& profile, int newIndex) {
+    const auto held = profiles_.find(newIndex);
+    if (held != profiles_.end() && held->second.get() != &profile) return false;
+    const auto current = profiles_.find(profile.DnIndex());
+    if (current != profiles_.end() && current->second.get() == &profile) {
+        auto node = profiles_.extract(current);
+        node.key() = newIndex;
+        profiles_.insert(std::move(node));
+    }
+    return true;
+}
+
+void CQvxMaterial::RebuildAllLabels() {
+    for (auto& [dnIndex, profile] : profiles_) profile->BuildLabels();
+}

@@ -1,0 +1,166 @@
+#include "_Velmora/CQvxProfil.h"
+
+#include <gtest/gtest.h>
+
+#include "support/MaterialFixture.h"
+#include "support/ThrownText.h"
+
+namespace {
+
+using ProfileLabels = MaterialFixture;
+
+TEST_F(ProfileLabels, OuterTimesWallLabel) {
+    Describe(DescriptionMode::DxT);
+    CQvxProfil* profile = material.AddProfile(11);
+    profile->SetDimensions(96.8f, 6.6f);
+    EXPECT_EQ(profile->Label(), u"110x6.6");
+    EXPECT_EQ(profile->ShortLabel(), u"d110");
+}
+
+TEST_F(ProfileLabels, DnLabelUsesTheTableValueWhateverTheDiameter) {
+    Describe(DescriptionMode::Dn);
+    CQvxProfil* profile = material.AddProfile(27);
+    profile->SetDimensions(1187.3f, 12.0f);
+    EXPECT_EQ(profile->Label(), u"DN 1200");
+    EXPECT_EQ(profile->ShortLabel(), u"1200");
+}
+
+TEST_F(ProfileLabels, CustomLabelOnInnerOrOuterDiameter) {
+    Describe(DescriptionMode::Custom, 0, true, u"DN", u"mm");
+    CQvxProfil* profile = material.AddProfile(11);
+    profile->SetDimensions(96.8f, 6.6f);
+    EXPECT_EQ(profile->Label(), u"DN97mm");
+    EXPECT_EQ(profile->ShortLabel(), u"d110");
+
+    Describe(DescriptionMode::Custom, 0, false, u"d", u"/PE");
+    EXPECT_EQ(profile->Label(), u"d110/PE");
+    EXPECT_EQ(profile->ShortLabel(), u"d110");
+}
+
+TEST_F(ProfileLabels, UnknownModeIsCustom) {
+    Describe(static_cast<DescriptionMode>(7), 0, false, u"x", u"");
+    CQvxProfil* profile = material.AddProfile(8);
+    EXPECT_EQ(profile->Label(), u"x63");
+}
+
+// The C library rounds the exact binary value half to even: the labels must do the same.
+TEST_F(ProfileLabels, NumbersRoundLikePrintf) {
+    Describe(DescriptionMode::DxT);
+    CQvxProfil* profile = material.AddProfile(0);
+    profile->SetDimensions(2.5f, 0.0f);  // 2.5 is exact: half to even
+    EXPECT_EQ(profile->ShortLabel(), u"d2");
+    profile->SetDimensions(3.5f - 0.5f, 0.25f);  // OD 3.5, wall 0.25 exact: 4 and 0.2
+    EXPECT_EQ(profile->Label(), u"4x0.2");
+    profile->SetDimensions(0.0f, 6.65f);  // 6.65f is 6.6500000953...: rounds up
+    EXPECT_EQ(profile->Label(), u"13x6.7");
+    profile->SetDimensions(0.0f, 0.35f);  // 0.35f is 0.3499999940...: rounds down
+    EXPECT_EQ(profile->Label(), u"1x0.3");
+}
+
+TEST_F(ProfileLabels, LabelsThatDoNotFitThrowWithTheFormatLine) {
+    Describe(DescriptionMode::DxT);
+    CQvxProfil* profile = material.AddProfile(11);
+    EXPECT_EQ(ThrownText([&] { profile->SetDimensions(99990.0f, 10.0f); }),
+              MaterialError(u"Nepodařilo se vytvořit popis", 36));
+    // Outer diameter 0 keeps the short label small while the long one overflows 14 characters.
+    EXPECT_EQ(ThrownText([&] { profile->SetDimensions(-2e10f, 1e10f); }),
+              MaterialError(u"Nepodařilo se vytvořit popis", 41));
+
+    profile->SetDimensions(104.0f, 3.0f);  // the failed calls kept their values; make the labels fit again
+    Describe(DescriptionMode::Custom, 0, true, u"ABCD", u"EFGH");
+    EXPECT_EQ(ThrownText([&] { profile->SetDimensions(1234567.0f, -617283.5f); }),
+              MaterialError(u"Nepodařilo se vytvořit popis", 47));
+}
+
+TEST_F(ProfileLabels, DnLabelOfAProfileWithoutIndexThrows) {
+    Describe(DescriptionMode::Dn);
+    CQvxProfil unread(material);  // as a file read starts it: DN index -1
+    EXPECT_EQ(ThrownText([&] { unread.BuildLabels(); }),
+              MaterialError(u"Nepodařilo se vytvořit popis", 28));
+}
+
+using ProfileRecord = MaterialFixture;
+
+TEST_F(ProfileRecord, SetDnRefusesTheCurrentAndAnOccupiedIndex) {
+    CQvxProfil* dn100 = material.AddProfile(11);
+    material.AddProfile(12);
+    EXPECT_FALSE(dn100->SetDN(11, true));
+    EXPECT_FALSE(dn100->SetDN(12, true));
+    EXPECT_FALSE(dn100->SetDN(28, true));
+    EXPECT_FALSE(dn100->SetDN(-1, true));
+    EXPECT_EQ(dn100->DnIndex(), 11);
+    EXPECT_EQ(material.FindProfile(11), dn100);
+}
+
+TEST_F(ProfileRecord, SetDnMovesTheProfileToItsNewKey) {
+    Describe(DescriptionMode::Dn);
+    CQvxProfil* profile = material.AddProfile(11);
+    ASSERT_TRUE(profile->SetDN(13, false));
+    EXPECT_EQ(material.FindProfile(11), nullptr);
+    EXPECT_EQ(material.FindProfile(13), profile);
+    EXPECT_FLOAT_EQ(profile->InnerDiameter(), 100.0f);  // kept: not taken from the table
+    EXPECT_EQ(profile->Label(), u"DN 150");
+
+    ASSERT_TRUE(profile->SetDN(15, true));
+    EXPECT_FLOAT_EQ(profile->InnerDiameter(), 225.0f);
+    EXPECT_EQ(material.Profiles().size(), 1u);
+}
+
+TEST_F(ProfileRecord, MaterialCodeHoldsNineCharacters) {
+    CQvxProfil* profile = material.AddProfile(3);
+    profile->SetUrsMaterialCode(u"286111111");
+    EXPECT_EQ(profile->UrsMaterialCode(), u"286111111");
+    EXPECT_EQ(ThrownText([&] { profile->SetUrsMaterialCode(u"2861111112"); }),
+              MaterialError(u"Chyba kopírování řetězce", 155));
+    EXPECT_EQ(profile->UrsMaterialCode(), u"286111111");
+}
+
+TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidth) {
+    CQvxProfil* source = material.AddProfile(11);
+    source->SetDimensions(96.8f, 6.6f);
+    source->SetUrsMaterialCode(u"M1");
+    source->SetUrsInstallCode(u"I1");
+    source->SetWidth(640);
+    CQvxProfil* slot = source;
+    source->Users().Register(&slot);
+
+    CQvxMaterial other(&list, u"Other", kPlacementAll, kMediumAll);
+    CQvxProfil copy(other, *source);
+    EXPECT_EQ(copy.DnIndex(), 11);
+    EXPECT_FLOAT_EQ(copy.InnerDiameter(), 96.8f);
+    EXPECT_FLOAT_EQ(copy.Wall(), 6.6f);
+    EXPECT_EQ(copy.UrsMaterialCode(), u"M1");
+    EXPECT_EQ(copy.UrsInstallCode(), u"");
+    EXPECT_EQ(copy.Width(), 0);
+    EXPECT_EQ(copy.Users().Count(), 1u);
+    EXPECT_EQ(copy.Label(), u"110x6.6");
+    EXPECT_EQ(copy.Owner(), &other);
+    source->Users().Unregister(&slot);  // the slot dies with this test; the source outlives it
+}
+
+TEST_F(ProfileRecord, DestructionClearsRegisteredSlots) {
+    CQvxProfil* first = material.AddProfile(1);
+    CQvxProfil* second = first;
+    first->Users().Register(&first);
+    first->Users().Register(&second);
+    material.DeleteAllProfiles();
+    EXPECT_EQ(first, nullptr);
+    EXPECT_EQ(second, nullptr);
+}
+
+TEST_F(ProfileRecord, EveryChangeMarksTheCatalogueChanged) {
+    CQvxProfil* profile = material.AddProfile(5);
+    const auto expectChangedBy = [&](auto change) {
+        list.SetUnchanged(true);
+        change();
+        EXPECT_FALSE(list.IsUnchanged());
+    };
+    expectChangedBy([&] { profile->SetWall(2.0f); });
+    expectChangedBy([&] { profile->SetInnerDiameter(20.0f); });
+    expectChangedBy([&] { profile->SetWidth(1); });
+    expectChangedBy([&] { profile->SetUrsMaterialCode(u"A"); });
+    expectChangedBy([&] { profile->BuildLabels(); });
+    expectChangedBy([&] { profile->SetDN(6, false); });
+}
+
+}  // namespace
