@@ -63,16 +63,16 @@ bool CCheckedEdit::CheckWholeText() {
     return !valid_;
 }
 
-void CCheckedEdit::ShowErrorBalloon() {
-    if (ShowBalloonTip(title_, message_, TTI_ERROR_LARGE)) return;
+void CCheckedEdit::ShowBalloon(const std::u16string& text) {
+    if (ShowBalloonTip(title_, text, TTI_ERROR_LARGE)) return;
 
     if (!fallbackBalloon_) {
         fallbackBalloon_.Create(Handle(), TTS_BALLOON | TTS_NOPREFIX | TTS_ALWAYSTIP);
         fallbackBalloon_.SetMaxTipWidth(kBalloonWidth);  // also lets "\n" break the text
-        fallbackBalloon_.AddTrackingTool(message_);
+        fallbackBalloon_.AddTrackingTool(text);
     }
     fallbackBalloon_.SetTitle(LargeErrorIcon(), title_);
-    fallbackBalloon_.UpdateTrackingText(message_);
+    fallbackBalloon_.UpdateTrackingText(text);
 
     // The balloon points at the caret, as the edit control's own one does.
     const RECT client = ClientRect();
@@ -162,6 +162,9 @@ LRESULT CCheckedEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KEYDOWN:
         case WM_KILLFOCUS:
             HideFallbackBalloon();
+            break;
+        case WM_SHOWWINDOW:
+            if (wParam == FALSE) HideFallbackBalloon();
             break;
         case WM_TIMER:
             if (wParam == kBalloonTimer) {

@@ -70,7 +70,7 @@ TreeItem TreeListModel::InsertItem(TreeItem parent, InsertPlace place, TreeItem 
     return item;
 }
 
-void TreeListModel::Collect(TreeItem item, std::vector<TreeItem>& deleted) {
+void TreeListModel::Collect(TreeItem item, std::vector<TreeItem>& deleted) const {
     for (const TreeItem child : Find(item)->children) Collect(child, deleted);
     deleted.push_back(item);
 }
@@ -85,6 +85,12 @@ void TreeListModel::Forget(TreeItem item) {
         current_ = 0;
         currentColumn_ = 0;
     }
+}
+
+std::vector<TreeItem> TreeListModel::Subtree(TreeItem item) const {
+    std::vector<TreeItem> items;
+    if (Find(item) != nullptr) Collect(item, items);
+    return items;
 }
 
 std::vector<TreeItem> TreeListModel::DeleteItem(TreeItem item) {

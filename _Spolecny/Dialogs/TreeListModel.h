@@ -74,6 +74,8 @@ public:
                         bool hasChildren = false);
     // Deletes an item with everything below it; returns the deleted numbers, children first.
     std::vector<TreeItem> DeleteItem(TreeItem item);
+    // An item with everything below it, children first: what DeleteItem would take.
+    std::vector<TreeItem> Subtree(TreeItem item) const;
     // Deletes every item; numbering starts again at 1.
     std::vector<TreeItem> DeleteAll();
     bool Exists(TreeItem item) const;
@@ -138,7 +140,7 @@ private:
     Item* Find(TreeItem item);
     const Item* Find(TreeItem item) const;
     std::vector<TreeItem>& SiblingsOf(TreeItem parent);
-    void Collect(TreeItem item, std::vector<TreeItem>& deleted);
+    void Collect(TreeItem item, std::vector<TreeItem>& deleted) const;
     void Forget(TreeItem item);
     void VisibleFrom(const std::vector<TreeItem>& level) const;
 
