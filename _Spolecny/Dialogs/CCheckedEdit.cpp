@@ -16,9 +16,13 @@ constexpr int kBalloonWidth = 320;
 
 // The system's large error icon by handle: every tooltip takes a handle for its title, not every
 // one knows TTI_ERROR_LARGE.
-WPARAM LargeErrorIcon() { return reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR)); }
+WPARAM LargeErrorIcon() {
+    return reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR));
+}
 
-void SystemBeep() { MessageBeep(0); }
+void SystemBeep() {
+    MessageBeep(0);
+}
 
 RefusalSound refusalSound = SystemBeep;
 
@@ -47,7 +51,9 @@ CCheckedEdit::CCheckedEdit(TextCheck wholeTextCheck, TextCheck keystrokeCheck, c
     rules_.maxLength = maxLength;
 }
 
-CCheckedEdit::~CCheckedEdit() { Unsubclass(); }
+CCheckedEdit::~CCheckedEdit() {
+    Unsubclass();
+}
 
 bool CCheckedEdit::CheckWholeText() {
     if (rules_.wholeTextCheck == nullptr) {

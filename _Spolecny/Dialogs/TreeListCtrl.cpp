@@ -29,7 +29,9 @@ void CTreeListCtrl::RegisterWindowClass() {
     }
 }
 
-CCheckedEdit& CTreeListCtrl::InPlaceEdit() { return TreeListWindow::SharedEdit(); }
+CCheckedEdit& CTreeListCtrl::InPlaceEdit() {
+    return TreeListWindow::SharedEdit();
+}
 
 bool CTreeListCtrl::Create(DWORD style, HWND dialog) {
     RegisterWindowClass();
@@ -39,10 +41,10 @@ bool CTreeListCtrl::Create(DWORD style, HWND dialog) {
         GetWindowRect(placeholder, &place);
         MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
     }
-    m_hWnd = CreateWindowExW(0, kClassName, nullptr, style | WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL,
-                             place.left, place.top, place.right - place.left, place.bottom - place.top, dialog,
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr),
-                             nullptr);
+    m_hWnd =
+        CreateWindowExW(0, kClassName, nullptr, style | WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, place.left,
+                        place.top, place.right - place.left, place.bottom - place.top, dialog,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr), nullptr);
     if (m_hWnd != nullptr && placeholder != nullptr) {
         SetWindowPos(m_hWnd, placeholder, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);  // tab order
     }
@@ -87,19 +89,26 @@ std::u16string CTreeListCtrl::CellText(HTREEITEM item, int column) const {
     record.pszText = buffer;
     record.cchTextMax = 2052;
     record.column = column;
-    if (Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&record)) == 0 || record.pszText == LPSTR_TEXTCALLBACKW) return {};
+    if (Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&record)) == 0 || record.pszText == LPSTR_TEXTCALLBACKW)
+        return {};
     return FromWide(buffer);
 }
 
-bool CTreeListCtrl::DeleteItem(HTREEITEM item) const { return Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item)) != 0; }
+bool CTreeListCtrl::DeleteItem(HTREEITEM item) const {
+    return Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item)) != 0;
+}
 
-int CTreeListCtrl::GetCount() const { return static_cast<int>(Send(TVM_GETCOUNT)); }
+int CTreeListCtrl::GetCount() const {
+    return static_cast<int>(Send(TVM_GETCOUNT));
+}
 
 HTREEITEM CTreeListCtrl::GetNextItem(HTREEITEM item, UINT relation) const {
     return reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
 }
 
-int CTreeListCtrl::GetCurrentColumn() const { return static_cast<int>(Send(TVM_GETNEXTITEM, TVGN_CARETCOLUMN, 0)); }
+int CTreeListCtrl::GetCurrentColumn() const {
+    return static_cast<int>(Send(TVM_GETNEXTITEM, TVGN_CARETCOLUMN, 0));
+}
 
 bool CTreeListCtrl::SelectCell(HTREEITEM item, int column) const {
     return Send(TVM_SELECTCELL, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(item)) != 0;
@@ -131,4 +140,6 @@ HWND CTreeListCtrl::EditLabel(HTREEITEM item, std::uint32_t argument) const {
     return reinterpret_cast<HWND>(Send(TVM_EDITLABELW, argument, reinterpret_cast<LPARAM>(item)));
 }
 
-bool CTreeListCtrl::EndEditLabelNow(bool cancel) const { return Send(TVM_ENDEDITLABELNOW, cancel ? 1 : 0) != 0; }
+bool CTreeListCtrl::EndEditLabelNow(bool cancel) const {
+    return Send(TVM_ENDEDITLABELNOW, cancel ? 1 : 0) != 0;
+}

@@ -16,15 +16,15 @@ constexpr int kEditorTextLimit = 2048;
 constexpr int kEndTextCapacity = 2051;
 constexpr int kComboTextCapacity = 1024;
 
-HTREEITEM ToHandle(TreeItem item) { return reinterpret_cast<HTREEITEM>(static_cast<ULONG_PTR>(item)); }
-
 std::u16string WindowText(HWND window, int capacity) {
     std::vector<wchar_t> buffer(static_cast<std::size_t>(capacity) + 1, L'\0');
     GetWindowTextW(window, buffer.data(), capacity + 1);
     return FromWide(buffer.data());
 }
 
-bool KeyIsDown(int key) { return (GetAsyncKeyState(key) & 0x8000) != 0; }
+bool KeyIsDown(int key) {
+    return (GetAsyncKeyState(key) & 0x8000) != 0;
+}
 
 }  // namespace
 
@@ -51,7 +51,8 @@ HWND TreeListWindow::StartEdit(TreeItem item, std::uint32_t packed) {
     // 1. Only an existing cell.
     const EditArgument argument = DecodeEditArgument(packed);
     const int column = argument.column;
-    if ((column != 0 && !model_.HasColumn(column)) || item == 0 || item > model_.HighestItem() || !model_.Exists(item)) {
+    if ((column != 0 && !model_.HasColumn(column)) || item == 0 || item > model_.HighestItem() ||
+        !model_.Exists(item)) {
         return nullptr;
     }
 
@@ -117,26 +118,22 @@ HWND TreeListWindow::StartEdit(TreeItem item, std::uint32_t packed) {
     DrawTextW(dc, Wide(text), -1, &measured, DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT);
     SelectObject(dc, previous);
     ReleaseDC(window_, dc);
-    const EditorSpan span = PlaceEditor({static_cast<int>(cell.left), static_cast<int>(cell.right - cell.left),
-                                         static_cast<int>(client.right), static_cast<int>(measured.right),
-                                         static_cast<int>(text.size()), editorKind_, format, argument.fullWidth,
-                                         GetSystemMetrics(SM_CXVSCROLL)});
+    const EditorSpan span =
+        PlaceEditor({static_cast<int>(cell.left), static_cast<int>(cell.right - cell.left),
+                     static_cast<int>(client.right), static_cast<int>(measured.right), static_cast<int>(text.size()),
+                     editorKind_, format, argument.fullWidth, GetSystemMetrics(SM_CXVSCROLL)});
 
     // 8. The owner may still refuse.
     NMTVEDITW begin{};
     std::u16string beginText = text;
-    begin.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_SUBITEM;
-    begin.item.hItem = ToHandle(item);
-    begin.item.lParam = static_cast<LPARAM>(model_.Param(item));
-    begin.item.pszText = const_cast<wchar_t*>(Wide(beginText));
-    begin.item.cchTextMax = static_cast<int>(beginText.size()) + 1;
-    begin.item.column = column;
+    begin.item = DescribeCell(item, column, beginText);
     begin.chosenIndex = -1;
     if (Notify(begin.hdr, TVN_BEGINLABELEDITW) != 0 || editor_ == nullptr) return nullptr;
 
     // 9. Show it with the text and the caret where asked.
     SetFocus(editor_);
-    const int height = editorKind_ == EditorKind::EditField ? static_cast<int>(cell.bottom - cell.top) - 1 : Scaled(200);
+    const int height =
+        editorKind_ == EditorKind::EditField ? static_cast<int>(cell.bottom - cell.top) - 1 : Scaled(200);
     SetWindowPos(editor_, HWND_TOP, span.left + 2, cell.top + 1, span.width, height, SWP_SHOWWINDOW);
     SendMessageW(editor_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
     if (editorKind_ == EditorKind::EditField) {
@@ -163,7 +160,8 @@ void TreeListWindow::PlaceCaret(const EditArgument& argument, const std::u16stri
         std::vector<int> extents(text.size());
         SIZE size{};
         int fitted = 0;
-        GetTextExtentExPointW(dc, Wide(text), static_cast<int>(text.size()), 0x7FFFFFFF, &fitted, extents.data(), &size);
+        GetTextExtentExPointW(dc, Wide(text), static_cast<int>(text.size()), 0x7FFFFFFF, &fitted, extents.data(),
+                              &size);
         SelectObject(dc, previous);
         ReleaseDC(editor_, dc);
         start = end = CaretAtOffset(extents, argument.placementData);
@@ -211,12 +209,7 @@ HWND TreeListWindow::StartAutomaticEdit(TreeItem item, int column, UINT event, i
         auto request = std::make_unique<NMTVSTARTEDITW>();
         const std::u16string text = CellText(item, column);
         std::u16string copy = text;
-        request->item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_SUBITEM;
-        request->item.hItem = ToHandle(item);
-        request->item.lParam = static_cast<LPARAM>(model_.Param(item));
-        request->item.pszText = const_cast<wchar_t*>(Wide(copy));
-        request->item.cchTextMax = static_cast<int>(copy.size()) + 1;
-        request->item.column = column;
+        request->item = DescribeCell(item, column, copy);
         request->event = event;
         const auto answer = static_cast<std::uint32_t>(Notify(request->hdr, TVN_STARTEDIT));
         if (answer == 0 || !model_.Exists(item)) return nullptr;
@@ -294,13 +287,10 @@ void TreeListWindow::EndEdit(EndMode mode) {
 
     NMTVEDITW record{};
     auto fill = [&] {
-        record.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_SUBITEM | (edited_ ? TVIF_TEXTCHANGED : 0) |
-                           (mode == EndMode::CommitByEnter ? TVIF_RETURNKEY : 0);
-        record.item.hItem = ToHandle(item);
-        record.item.lParam = static_cast<LPARAM>(model_.Param(item));
-        record.item.pszText = commit ? const_cast<wchar_t*>(Wide(text)) : nullptr;
+        record.item = DescribeCell(item, column, text);
+        record.item.mask |= (edited_ ? TVIF_TEXTCHANGED : 0) | (mode == EndMode::CommitByEnter ? TVIF_RETURNKEY : 0);
+        if (!commit) record.item.pszText = nullptr;
         record.item.cchTextMax = kEndTextCapacity;
-        record.item.column = column;
         record.chosenIndex = chosen;
     };
     auto keepOpen = [&] {
@@ -336,12 +326,7 @@ void TreeListWindow::EndEdit(EndMode mode) {
     }
     if (textFromOwner_) {
         NMTVDISPINFOCW store{};
-        store.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_SUBITEM;
-        store.item.hItem = ToHandle(item);
-        store.item.lParam = static_cast<LPARAM>(model_.Param(item));
-        store.item.pszText = const_cast<wchar_t*>(Wide(text));
-        store.item.cchTextMax = static_cast<int>(text.size()) + 1;
-        store.item.column = column;
+        store.item = DescribeCell(item, column, text);
         Notify(store.hdr, TVN_SETDISPINFOW);
     } else if (TreeListText* cell = model_.Text(item, column)) {
         cell->text = text;

@@ -10,7 +10,9 @@ EditArgument DecodeEditArgument(std::uint32_t packed) {
     argument.placementData = static_cast<int>((packed >> 8) & 0x3FFFF);
     argument.placementMode = static_cast<int>((packed >> 26) & 0x3);
     const std::uint32_t kind = (packed >> 29) & 0x3;
-    argument.kind = kind == 0 ? EditorKind::EditField : kind == 1 ? EditorKind::EditableCombo : EditorKind::DropDownList;
+    argument.kind = kind == 0   ? EditorKind::EditField
+                    : kind == 1 ? EditorKind::EditableCombo
+                                : EditorKind::DropDownList;
     argument.fullWidth = (packed & 0x80000000u) != 0;
     return argument;
 }
@@ -35,7 +37,8 @@ ColumnAutoEdit DecodeColumnAutoEdit(std::uint32_t packed) {
 std::uint32_t EncodeColumnAutoEdit(const ColumnAutoEdit& settings) {
     return settings.flags | (static_cast<std::uint32_t>(settings.mode & 0x7) << 8) |
            ((static_cast<std::uint32_t>(settings.column) & 0x3F) << 11) |
-           (static_cast<std::uint32_t>(settings.param1) << 17) | (static_cast<std::uint32_t>(settings.param2 & 0x7F) << 25);
+           (static_cast<std::uint32_t>(settings.param1) << 17) |
+           (static_cast<std::uint32_t>(settings.param2 & 0x7F) << 25);
 }
 
 ColumnCheck DecodeColumnCheck(std::uint32_t packed) {

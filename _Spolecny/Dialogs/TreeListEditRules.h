@@ -29,7 +29,9 @@ std::uint32_t EncodeEditArgument(const EditArgument& argument);
 
 // The automatic form: the upper 24 bits 0xF5A5A5, the column in the low byte.
 inline constexpr std::uint32_t kAutomaticEditMark = 0xF5A5A5;
-inline bool IsAutomaticEdit(std::uint32_t packed) { return (packed >> 8) == kAutomaticEditMark; }
+inline bool IsAutomaticEdit(std::uint32_t packed) {
+    return (packed >> 8) == kAutomaticEditMark;
+}
 inline std::uint32_t AutomaticEditArgument(int column) {
     return (kAutomaticEditMark << 8) | static_cast<std::uint32_t>(column & 0xFF);
 }

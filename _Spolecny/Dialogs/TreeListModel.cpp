@@ -17,7 +17,8 @@ void MergeSort(std::vector<TreeItem>& items, const std::function<bool(TreeItem, 
             std::size_t left = start;
             std::size_t right = middle;
             std::size_t out = start;
-            while (left < middle && right < end) buffer[out++] = before(items[right], items[left]) ? items[right++] : items[left++];
+            while (left < middle && right < end)
+                buffer[out++] = before(items[right], items[left]) ? items[right++] : items[left++];
             while (left < middle) buffer[out++] = items[left++];
             while (right < end) buffer[out++] = items[right++];
         }
@@ -117,7 +118,9 @@ std::vector<TreeItem> TreeListModel::DeleteAll() {
     return deleted;
 }
 
-bool TreeListModel::Exists(TreeItem item) const { return Find(item) != nullptr; }
+bool TreeListModel::Exists(TreeItem item) const {
+    return Find(item) != nullptr;
+}
 
 std::int64_t TreeListModel::Param(TreeItem item) const {
     const Item* found = Find(item);
@@ -266,7 +269,9 @@ int TreeListModel::TotalColumnWidth() const {
     return total;
 }
 
-std::vector<int> TreeListModel::ResizeColumns(int change) { return ShareOutWidthChange(columns_, change); }
+std::vector<int> TreeListModel::ResizeColumns(int change) {
+    return ShareOutWidthChange(columns_, change);
+}
 
 std::uint32_t TreeListModel::SetExtendedStyle(std::uint32_t mask, std::uint32_t bits) {
     const std::uint32_t previous = extendedStyle_;

@@ -32,10 +32,10 @@ enum class TreeRelation : unsigned {
 };
 
 // Extended style bits of the control.
-inline constexpr std::uint32_t kReportColumnChanges = 0x800;    // TVN_COLUMNCHANGED to the owner
-inline constexpr std::uint32_t kArrowsLeaveEditor = 0x4000;     // arrow keys at the text's ends commit
-inline constexpr std::uint32_t kGridLines = 0x10000;            // lines between rows and columns
-inline constexpr std::uint32_t kCellSelection = 0x40000;        // the current cell has a column
+inline constexpr std::uint32_t kReportColumnChanges = 0x800;       // TVN_COLUMNCHANGED to the owner
+inline constexpr std::uint32_t kArrowsLeaveEditor = 0x4000;        // arrow keys at the text's ends commit
+inline constexpr std::uint32_t kGridLines = 0x10000;               // lines between rows and columns
+inline constexpr std::uint32_t kCellSelection = 0x40000;           // the current cell has a column
 inline constexpr std::uint32_t kMouseEditSelectsAll = 0x80000000;  // a click starts an edit with all selected
 
 // State bits as the tree view has them.
@@ -45,9 +45,9 @@ inline constexpr std::uint32_t kItemExpanded = 0x0020;
 // The text of an item or a cell.
 struct TreeListText {
     std::u16string text;
-    bool fromOwner = false;     // supplied by the owner on request (text callback)
+    bool fromOwner = false;  // supplied by the owner on request (text callback)
     std::uint32_t state = 0;
-    int chosenIndex = -1;       // the list position chosen when a combo box edited it
+    int chosenIndex = -1;  // the list position chosen when a combo box edited it
 };
 
 struct TreeListColumn {
@@ -57,10 +57,10 @@ struct TreeListColumn {
     int minWidth = 10;
     int weight = 1;  // share of the control's width changes; 0 keeps the width
     // In-place editing.
-    std::uint8_t editMode = 0;   // 0 none, 1 edit field, 2 editable combo box, 3 drop-down list, 4-7 the same plus 4
+    std::uint8_t editMode = 0;  // 0 none, 1 edit field, 2 editable combo box, 3 drop-down list, 4-7 the same plus 4
     std::uint8_t editFlags = 0;
     std::uint8_t editParam1 = 0;
-    std::uint8_t editParam2 = 0;  // 7 bits; not 0: replaces 1024 as a combo box's text capacity
+    std::uint8_t editParam2 = 0;    // 7 bits; not 0: replaces 1024 as a combo box's text capacity
     const void* choices = nullptr;  // the owner's choice list for combo boxes (not owned)
     std::uint8_t inputKind = 0;
     std::int16_t maxLength = -1;

@@ -43,7 +43,9 @@ UINT Alignment(int format) {
 
 }  // namespace
 
-int TreeListWindow::Scaled(int pixels) const { return MulDiv(pixels, dpi_, 96); }
+int TreeListWindow::Scaled(int pixels) const {
+    return MulDiv(pixels, dpi_, 96);
+}
 
 void TreeListWindow::OpenTheme() {
     const ThemeFunctions& theme = TreeListResources::Theme();
@@ -125,7 +127,9 @@ void TreeListWindow::UpdateHeader() {
         item.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
         item.cxy = stored.width;
         item.pszText = const_cast<wchar_t*>(Wide(caption));
-        item.fmt = HDF_STRING | (stored.format == LVCFMT_RIGHT ? HDF_RIGHT : stored.format == LVCFMT_CENTER ? HDF_CENTER : HDF_LEFT);
+        item.fmt = HDF_STRING | (stored.format == LVCFMT_RIGHT    ? HDF_RIGHT
+                                 : stored.format == LVCFMT_CENTER ? HDF_CENTER
+                                                                  : HDF_LEFT);
         if (column >= SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0)) {
             SendMessageW(header_, HDM_INSERTITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
         } else {
@@ -145,7 +149,8 @@ void TreeListWindow::Layout() {
         HDLAYOUT layout{&available, &position};
         SendMessageW(header_, HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layout));
         const int width = std::max(model_.TotalColumnWidth(), static_cast<int>(client.right) + scrollX_);
-        SetWindowPos(header_, nullptr, -scrollX_, 0, width, position.cy, SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        SetWindowPos(header_, nullptr, -scrollX_, 0, width, position.cy,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     } else {
         ShowWindow(header_, SW_HIDE);
     }
@@ -153,14 +158,24 @@ void TreeListWindow::Layout() {
     const int rows = static_cast<int>(model_.VisibleItems().size());
     const int page = VisibleRowCount();
     topRow_ = std::clamp(topRow_, 0, std::max(rows - page, 0));
-    SCROLLINFO vertical{sizeof(vertical), SIF_RANGE | SIF_PAGE | SIF_POS, 0, std::max(rows - 1, 0),
-                        static_cast<UINT>(page), topRow_, 0};
+    SCROLLINFO vertical{sizeof(vertical),
+                        SIF_RANGE | SIF_PAGE | SIF_POS,
+                        0,
+                        std::max(rows - 1, 0),
+                        static_cast<UINT>(page),
+                        topRow_,
+                        0};
     SetScrollInfo(window_, SB_VERT, &vertical, TRUE);
 
     const int total = model_.TotalColumnWidth();
     scrollX_ = std::clamp(scrollX_, 0, std::max(total - static_cast<int>(client.right), 0));
-    SCROLLINFO horizontal{sizeof(horizontal), SIF_RANGE | SIF_PAGE | SIF_POS, 0, std::max(total - 1, 0),
-                          static_cast<UINT>(std::max(static_cast<int>(client.right), 0)), scrollX_, 0};
+    SCROLLINFO horizontal{sizeof(horizontal),
+                          SIF_RANGE | SIF_PAGE | SIF_POS,
+                          0,
+                          std::max(total - 1, 0),
+                          static_cast<UINT>(std::max(static_cast<int>(client.right), 0)),
+                          scrollX_,
+                          0};
     SetScrollInfo(window_, SB_HORZ, &horizontal, TRUE);
     InvalidateRect(window_, nullptr, FALSE);
 }
@@ -172,7 +187,8 @@ std::vector<TreeListWindow::RowPaint> TreeListWindow::CollectRows() {
     for (int index = topRow_; index < last; ++index) {
         const TreeItem item = visible[static_cast<std::size_t>(index)];
         if (!model_.Exists(item)) continue;  // the owner changed the control while it was asked
-        RowPaint row{item, RowRect(index), item == model_.Current(), false, model_.IsExpanded(item), TextIndent(item), {}};
+        RowPaint row{item, RowRect(index), item == model_.Current(), false, model_.IsExpanded(item), TextIndent(item),
+                     {}};
         const RECT button = ButtonRect(item, row.rect);
         row.hasButton = IsRectEmpty(&button) == FALSE;
         const int columns = std::max(model_.ColumnCount(), 1);

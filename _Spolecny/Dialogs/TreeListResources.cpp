@@ -71,10 +71,24 @@ void TreeListResources::Release() {
     if (--users < 0) FreeSet();
 }
 
-HPEN TreeListResources::DottedPen() { return dottedPen; }
-HBRUSH TreeListResources::PatternBrush() { return patternBrush; }
-HCURSOR TreeListResources::ArrowCursor() { return arrowCursor; }
-HCURSOR TreeListResources::HandCursor() { return handCursor; }
-HCURSOR TreeListResources::NoEntryCursor() { return noEntryCursor; }
-const ThemeFunctions& TreeListResources::Theme() { return theme; }
-int TreeListResources::Users() { return users; }
+HPEN TreeListResources::DottedPen() {
+    return dottedPen;
+}
+HBRUSH TreeListResources::PatternBrush() {
+    return patternBrush;
+}
+HCURSOR TreeListResources::ArrowCursor() {
+    return arrowCursor;
+}
+HCURSOR TreeListResources::HandCursor() {
+    return handCursor;
+}
+HCURSOR TreeListResources::NoEntryCursor() {
+    return noEntryCursor;
+}
+const ThemeFunctions& TreeListResources::Theme() {
+    return theme;
+}
+int TreeListResources::Users() {
+    return users;
+}

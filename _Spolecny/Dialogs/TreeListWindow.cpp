@@ -13,10 +13,16 @@
 
 namespace {
 
-TreeItem ToItem(HTREEITEM handle) { return static_cast<TreeItem>(reinterpret_cast<ULONG_PTR>(handle)); }
-HTREEITEM ToHandle(TreeItem item) { return reinterpret_cast<HTREEITEM>(static_cast<ULONG_PTR>(item)); }
+TreeItem ToItem(HTREEITEM handle) {
+    return static_cast<TreeItem>(reinterpret_cast<ULONG_PTR>(handle));
+}
+HTREEITEM ToHandle(TreeItem item) {
+    return reinterpret_cast<HTREEITEM>(static_cast<ULONG_PTR>(item));
+}
 
-bool IsRoot(HTREEITEM handle) { return handle == TVI_ROOT || handle == nullptr; }
+bool IsRoot(HTREEITEM handle) {
+    return handle == TVI_ROOT || handle == nullptr;
+}
 
 std::u16string CopyText(LPCWSTR text, int capacity = -1) {
     if (text == nullptr || text == LPSTR_TEXTCALLBACKW) return {};
@@ -119,22 +125,29 @@ LRESULT TreeListWindow::NotifyTree(UINT code, UINT action, TreeItem oldItem, Tre
     return Notify(record.hdr, code);
 }
 
+TVITEMCW TreeListWindow::DescribeCell(TreeItem item, int column, std::u16string& text) const {
+    TVITEMCW record{};
+    record.mask = TVIF_TEXT | TVIF_PARAM | TVIF_SUBITEM;
+    record.hItem = ToHandle(item);
+    record.lParam = static_cast<LPARAM>(model_.Param(item));
+    record.pszText = const_cast<wchar_t*>(Wide(text));
+    record.cchTextMax = static_cast<int>(text.size()) + 1;
+    record.column = column;
+    return record;
+}
+
 std::u16string TreeListWindow::CellText(TreeItem item, int column) {
     const TreeListText* stored = model_.Text(item, column);
     if (stored == nullptr) return {};
     if (!stored->fromOwner) return stored->text;
 
-    wchar_t buffer[260] = {};
+    std::u16string buffer(259, u'\0');  // 260 characters with the terminator
     NMTVDISPINFOCW request{};
-    request.item.mask = TVIF_TEXT | TVIF_PARAM | (column != 0 ? TVIF_SUBITEM : 0);
-    request.item.hItem = ToHandle(item);
-    request.item.lParam = static_cast<LPARAM>(model_.Param(item));
-    request.item.pszText = buffer;
-    request.item.cchTextMax = 260;
-    request.item.column = column;
+    request.item = DescribeCell(item, column, buffer);
     Notify(request.hdr, TVN_GETDISPINFOW);
-    buffer[259] = L'\0';
-    return CopyText(request.item.pszText != nullptr ? request.item.pszText : buffer, 259);
+    // The owner writes into the buffer or points at a text of its own.
+    const LPCWSTR answer = request.item.pszText != nullptr ? request.item.pszText : Wide(buffer);
+    return answer == Wide(buffer) ? CopyText(Wide(buffer)) : CopyText(answer, 259);
 }
 
 LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -251,6 +264,20 @@ LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT TreeListWindow::HandleTreeMessage(UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
     switch (message) {
         case TVM_INSERTITEMW:
+        case TVM_SETITEMW:
+        case TVM_GETITEMW:
+        case TVM_SORTCHILDRENCB:
+        case TVM_INSERTCOLUMN:
+        case TVM_SETCOLUMN:
+        case TVM_GETCOLUMN:
+        case TVM_GETITEMRECT:
+            if (lParam == 0) return 0;  // these need their record
+            break;
+        default:
+            break;
+    }
+    switch (message) {
+        case TVM_INSERTITEMW:
             return InsertItem(*reinterpret_cast<const TVINSERTSTRUCTW*>(lParam));
         case TVM_DELETEITEM:
             return DeleteItem(reinterpret_cast<HTREEITEM>(lParam));
@@ -296,7 +323,8 @@ LRESULT TreeListWindow::HandleTreeMessage(UINT message, WPARAM wParam, LPARAM lP
         case TVM_GETEXTENDEDSTYLE:
             return static_cast<LRESULT>(model_.ExtendedStyle());
         case TVM_SETITEMPARAM:
-            if (!model_.SetParam(ToItem(reinterpret_cast<HTREEITEM>(lParam)), static_cast<std::int64_t>(wParam))) return 0;
+            if (!model_.SetParam(ToItem(reinterpret_cast<HTREEITEM>(lParam)), static_cast<std::int64_t>(wParam)))
+                return 0;
             return 1;
         case TVM_GETITEMPARAM:
             return static_cast<LRESULT>(model_.Param(ToItem(reinterpret_cast<HTREEITEM>(lParam))));
@@ -356,7 +384,8 @@ LRESULT TreeListWindow::InsertItem(const TVINSERTSTRUCTW& insert) {
     }
     const std::int64_t param = (record.mask & TVIF_PARAM) != 0 ? record.lParam : 0;
     const bool children = (record.mask & TVIF_CHILDREN) != 0 && record.cChildren != 0;
-    const TreeItem item = model_.InsertItem(parent, place, ToItem(insert.hInsertAfter), std::move(text), param, children);
+    const TreeItem item =
+        model_.InsertItem(parent, place, ToItem(insert.hInsertAfter), std::move(text), param, children);
     if (item != 0 && (record.mask & TVIF_STATE) != 0) {
         model_.SetState(item, record.state & ~TVIS_SELECTED, record.stateMask & ~TVIS_SELECTED);
     }
@@ -378,7 +407,8 @@ LRESULT TreeListWindow::SetItem(const TVITEMW& record) {
         if ((record.mask & TVIF_CHILDREN) != 0) model_.SetHasChildren(item, record.cChildren != 0);
         if ((record.mask & TVIF_STATE) != 0) {
             model_.SetState(item, record.state, record.stateMask & ~TVIS_SELECTED);
-            if ((record.stateMask & record.state & TVIS_SELECTED) != 0) Select(item, model_.CurrentColumn(), TVC_UNKNOWN);
+            if ((record.stateMask & record.state & TVIS_SELECTED) != 0)
+                Select(item, model_.CurrentColumn(), TVC_UNKNOWN);
         }
     } else if ((record.mask & TVIF_STATE) != 0) {
         text->state = (text->state & ~record.stateMask) | (record.state & record.stateMask);
@@ -400,7 +430,8 @@ LRESULT TreeListWindow::GetItem(TVITEMW& record) {
         }
     }
     if ((record.mask & TVIF_PARAM) != 0) record.lParam = static_cast<LPARAM>(model_.Param(item));
-    if ((record.mask & TVIF_STATE) != 0) record.state = (column == 0 ? model_.State(item) : text->state) & record.stateMask;
+    if ((record.mask & TVIF_STATE) != 0)
+        record.state = (column == 0 ? model_.State(item) : text->state) & record.stateMask;
     if ((record.mask & TVIF_CHILDREN) != 0) record.cChildren = model_.HasChildren(item) ? 1 : 0;
     return TRUE;
 }
@@ -712,7 +743,9 @@ bool TreeListWindow::OnKeyDown(UINT key) {
     const int column = model_.CurrentColumn();
     const bool cellSelection = (model_.ExtendedStyle() & kCellSelection) != 0;
     const int last = static_cast<int>(visible.size()) - 1;
-    auto selectRow = [&](int row) { Select(visible[static_cast<std::size_t>(std::clamp(row, 0, last))], column, TVC_BYKEYBOARD); };
+    auto selectRow = [&](int row) {
+        Select(visible[static_cast<std::size_t>(std::clamp(row, 0, last))], column, TVC_BYKEYBOARD);
+    };
 
     switch (key) {
         case VK_UP:
@@ -782,14 +815,13 @@ void TreeListWindow::OnChar(wchar_t character) {
 void TreeListWindow::SearchFor(wchar_t character) {
     const std::u16string& prefix = search_.Type(static_cast<char16_t>(character), GetTickCount());
     const std::vector<TreeItem> visible = model_.VisibleItems();
-    const TreeItem found = FindItemStartingWith(visible, model_.Current(), prefix,
-                                                [this](TreeItem item, const std::u16string& wanted) {
-                                                    const std::u16string text = CellText(item, 0);
-                                                    return text.size() >= wanted.size() &&
-                                                           CompareStringOrdinal(Wide(text), static_cast<int>(wanted.size()),
-                                                                                Wide(wanted), static_cast<int>(wanted.size()),
-                                                                                TRUE) == CSTR_EQUAL;
-                                                });
+    const TreeItem found =
+        FindItemStartingWith(visible, model_.Current(), prefix, [this](TreeItem item, const std::u16string& wanted) {
+            const std::u16string text = CellText(item, 0);
+            return text.size() >= wanted.size() &&
+                   CompareStringOrdinal(Wide(text), static_cast<int>(wanted.size()), Wide(wanted),
+                                        static_cast<int>(wanted.size()), TRUE) == CSTR_EQUAL;
+        });
     if (found != 0) Select(found, model_.CurrentColumn(), TVC_BYKEYBOARD);
 }
 

@@ -43,6 +43,8 @@ private:
     LRESULT Notify(NMHDR& header, UINT code);
     LRESULT NotifyTree(UINT code, UINT action, TreeItem oldItem, TreeItem newItem, POINT point = {});
     std::u16string CellText(TreeItem item, int column);  // asks the owner for supplied texts
+    // A cell for a record to the owner: item, owner value, column and `text` (which must outlive it).
+    TVITEMCW DescribeCell(TreeItem item, int column, std::u16string& text) const;
 
     // Items and columns.
     LRESULT InsertItem(const TVINSERTSTRUCTW& insert);

@@ -21,8 +21,7 @@ public:
         ASSERT_TRUE(InitCommonControlsEx(&controls));
     }
 };
-[[maybe_unused]] ::testing::Environment* const commonControls =
-    ::testing::AddGlobalTestEnvironment(new CommonControls);
+[[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
 template <typename Handle>
 void PumpUntil(DWORD milliseconds, Handle&& handle) {
@@ -98,7 +97,9 @@ void RealClick(POINT screenPoint) {
     SendInput(2, clicks, sizeof(INPUT));
 }
 
-void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
+void Click(HWND button) {
+    SendMessageW(button, BM_CLICK, 0, 0);
+}
 
 void SetText(HWND window, std::u16string_view text) {
     const std::u16string copy(text);
@@ -179,8 +180,8 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     const std::wstring path = base + L"\\" + name + L".bmp";
     bool saved = false;
     if (FILE* out = _wfopen(path.c_str(), L"wb")) {
-        saved = fwrite(&file, sizeof(file), 1, out) == 1 && fwrite(&info.bmiHeader, sizeof(BITMAPINFOHEADER), 1, out) == 1 &&
-                fwrite(bits, imageSize, 1, out) == 1;
+        saved = fwrite(&file, sizeof(file), 1, out) == 1 &&
+                fwrite(&info.bmiHeader, sizeof(BITMAPINFOHEADER), 1, out) == 1 && fwrite(bits, imageSize, 1, out) == 1;
         fclose(out);
     }
     SelectObject(memory, previous);

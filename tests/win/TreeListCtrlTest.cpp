@@ -8,18 +8,14 @@
 #include "Dialogs/TreeListEditRules.h"
 #include "Dialogs/TreeListResources.h"
 #include "win/GuiHarness.h"
+#include "win/RefusalBeeps.h"
 #include "win/TreeListDialog.h"
 
 namespace {
 
-int beeps = 0;
-void CountBeep() { ++beeps; }
-
 class TreeListControl : public ::testing::Test {
 protected:
     void SetUp() override {
-        beeps = 0;
-        previousSound_ = SetRefusalSound(CountBeep);
         // The in-place edit is shared by the process: start every test from its first state.
         CCheckedEdit& shared = CTreeListCtrl::InPlaceEdit();
         shared.Rules() = CheckedTextRules{};
@@ -27,7 +23,6 @@ protected:
     }
     void TearDown() override {
         if (dialog_) dialog_->DestroyWindow();
-        SetRefusalSound(previousSound_);
     }
 
     TreeListDialog& Open(DWORD extendedStyle = 0x400F0000, DWORD style = 0) {
@@ -51,13 +46,13 @@ protected:
     bool EditorShows() const { return Editor() != nullptr && IsWindowVisible(Editor()); }
     void Pump(DWORD milliseconds = 0) { gui::Pump(*dialog_, milliseconds); }
 
+    RefusalBeeps beeps;
     HTREEITEM first = nullptr;
     HTREEITEM second = nullptr;
     HTREEITEM third = nullptr;
 
 private:
     std::unique_ptr<TreeListDialog> dialog_;
-    RefusalSound previousSound_ = nullptr;
 };
 
 TEST_F(TreeListControl, CreatedOverThePlaceholderAsControl4100) {
@@ -140,7 +135,7 @@ TEST_F(TreeListControl, WholeNumberColumnRefusesTheSixthDigitWithItsLimitInTheBa
     EXPECT_EQ(GetDlgCtrlID(editor), 3);
     gui::Type(editor, u"123456");
     EXPECT_EQ(gui::Text(editor), u"12345");
-    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(beeps.Heard(), 1);
     const gui::Balloon balloon = gui::FindVisibleBalloon();
     ASSERT_TRUE(balloon.visible);
     EXPECT_EQ(balloon.text, u"Zadejte celé číslo\nmax. 5 znaků");
@@ -413,8 +408,8 @@ TEST_F(TreeListControl, PaintsGridLinesAndTheCurrentCell) {
     EXPECT_EQ(picture.Pixel(wallLeft + 2, middle), GetSysColor(COLOR_BTNFACE));
     EXPECT_EQ(picture.Pixel(wallRight - 3, row.top + 1), GetSysColor(COLOR_BTNFACE));
     const COLORREF window = GetSysColor(COLOR_WINDOW);
-    EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), window);   // the column's grid line
-    EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), window);  // the row's grid line
+    EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), window);                 // the column's grid line
+    EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), window);              // the row's grid line
     EXPECT_NE(picture.Pixel(wallLeft - 5, middle), GetSysColor(COLOR_BTNFACE));  // the neighbour is not selected
 }
 

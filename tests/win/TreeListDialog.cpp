@@ -6,8 +6,8 @@
 #include "win/DemoResources.h"
 
 const wchar_t* const TreeListDialog::kDnLabels[] = {
-    L"DN 8",   L"DN 10",  L"DN 12",  L"DN 15",  L"DN 20",  L"DN 25",  L"DN 32",  L"DN 40",   L"DN 50",   L"DN 65",
-    L"DN 80",  L"DN 100", L"DN 125", L"DN 150", L"DN 200", L"DN 225", L"DN 250", L"DN 300",  L"DN 350",  L"DN 400",
+    L"DN 8",   L"DN 10",  L"DN 12",  L"DN 15",  L"DN 20",  L"DN 25",  L"DN 32",   L"DN 40",   L"DN 50",  L"DN 65",
+    L"DN 80",  L"DN 100", L"DN 125", L"DN 150", L"DN 200", L"DN 225", L"DN 250",  L"DN 300",  L"DN 350", L"DN 400",
     L"DN 450", L"DN 500", L"DN 600", L"DN 700", L"DN 800", L"DN 900", L"DN 1000", L"DN 1200", nullptr};
 
 TreeListDialog::TreeListDialog(DWORD extendedStyle, DWORD style)
@@ -15,16 +15,19 @@ TreeListDialog::TreeListDialog(DWORD extendedStyle, DWORD style)
 
 BOOL TreeListDialog::OnInitDialog() {
     CQxAcDialog::OnInitDialog();
-    tree.Create(TVS_HASBUTTONS | TVS_EDITLABELS | TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | WS_BORDER | WS_TABSTOP | style,
-                Handle());
+    tree.Create(
+        TVS_HASBUTTONS | TVS_EDITLABELS | TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | WS_BORDER | WS_TABSTOP | style,
+        Handle());
     tree.SetExtendedStyle(0, extendedStyle);
-    tree.InsertColumn(kProfile, u"Profil", 80);
-    tree.InsertColumn(kOuter, u"OD", 60, LVCFMT_RIGHT);
-    tree.InsertColumn(kWall, u"Stěna", 60, LVCFMT_RIGHT);
-    tree.InsertColumn(kInner, u"ID", 60, LVCFMT_RIGHT);
-    tree.InsertColumn(kDn, u"DN", 60);
+    // Column widths are pixels: the dialog scales them for the monitor, as its heading is.
+    auto scaled = [this](int pixels) { return static_cast<int>(pixels * Scale()); };
+    tree.InsertColumn(kProfile, u"Profil", scaled(80));
+    tree.InsertColumn(kOuter, u"OD", scaled(60), LVCFMT_RIGHT);
+    tree.InsertColumn(kWall, u"Stěna", scaled(60), LVCFMT_RIGHT);
+    tree.InsertColumn(kInner, u"ID", scaled(60), LVCFMT_RIGHT);
+    tree.InsertColumn(kDn, u"DN", scaled(60));
     const RECT client = tree.ClientRect();
-    tree.InsertColumn(kNote, u"Pozn.", std::max(static_cast<int>(client.right) - 320, 40));
+    tree.InsertColumn(kNote, u"Pozn.", std::max(static_cast<int>(client.right) - scaled(320), scaled(40)));
     tree.SetColumnAutoEdit(kOuter, 1);
     tree.SetColumnCheck(kOuter, InputKind::kWholeNumber, 5);
     tree.SetColumnAutoEdit(kWall, 1);

@@ -24,9 +24,9 @@ public:
     DWORD style;
 
     // What the owner answers.
-    std::u16string refusedValue;                                 // TVM_VALIDATEEDIT refuses it
+    std::u16string refusedValue;                                // TVM_VALIDATEEDIT refuses it
     std::map<std::pair<HTREEITEM, int>, std::u16string> owned;  // texts the owner supplies
-    UINT startEditAnswer = 0;                                    // to TVN_STARTEDIT
+    UINT startEditAnswer = 0;                                   // to TVN_STARTEDIT
     std::vector<const wchar_t*> startEditChoices;
 
     // What the owner heard.

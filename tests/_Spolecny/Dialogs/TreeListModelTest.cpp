@@ -6,7 +6,9 @@
 
 namespace {
 
-TreeListText Named(const char16_t* text) { return {text}; }
+TreeListText Named(const char16_t* text) {
+    return {text};
+}
 
 class TreeList : public ::testing::Test {
 protected:
