@@ -6,23 +6,13 @@
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "support/ArchiveBytes.h"
 #include "support/CatalogueBuilding.h"
+#include "support/CatalogueFixtures.h"
 #include "support/RandomCatalogue.h"
 #include "support/ThrownText.h"
 
 namespace {
 
-// The material record of the worked example: "PE", D x t, roughness 0.01, PN row 3, SDR row 4,
-// one profile DN 100 (row 11) of inner diameter 90 and wall 10.
-constexpr const char* kPeHeader =
-    "05 01 00 00 00 00 00"
-    " FF FE FF 02 50 00 45 00"
-    " FF FE FF 00 FF FE FF 00"
-    " 0A D7 23 3C"
-    " 1F 00 03 00 03 00 04 00"
-    " 00 ";
-constexpr const char* kPeProfile = " 07 0B 00 00 00 B4 42 00 00 20 41 00 00 00 00 00 00 00 00 ";
-const std::string kPeMaterial = std::string(kPeHeader) + kPeProfile + "FF ";
-const std::string kWorkedExample = "03 " + kPeMaterial + "FF";
+using namespace CatalogueFixtures;
 
 std::u16string NewerVersionText(int line, std::u16string_view source) {
     return ExceptionText(u"Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", line, source);
@@ -118,24 +108,8 @@ TEST(CatalogueReading, WorkedExampleReadsBack) {
 }
 
 TEST(CatalogueReading, ListVersion0CountsMaterialsAndEndsInATrailer) {
-    const Bytes bytes = Hex(
-        "00  02 00 00 00 00 00 00 00"
-        // material version 1, old DN flag set, narrow "Litina", narrow "Šedá", empty manufacturer
-        "  01 01  06 4C 69 74 69 6E 61  04 8A 65 64 E1  00"
-        "  00 00 80 3F  00 00 00 00  02 00 FF FF"  // roughness 1, zero masks, PN 2, SDR none
-        "  01 00 00 00 00 00 00 00"                // one profile
-        // profile version 1: DN row 15 of the old table, 250 x 5, obsolete word, code "K1" in
-        // 11 units, obsolete label in 11 units
-        "    01 0F 00  00 00 7A 43  00 00 A0 40  DE AD BE EF"
-        "    4B 00 31 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
-        "    44 00 4E 00 20 00 32 00 35 00 30 00 00 00 00 00 00 00 00 00 00 00"
-        // material version 0, D x t, wide "PE", no profiles
-        "  00 00  FF FE FF 02 50 00 45 00  00  00"
-        "  0A D7 23 3C  04 00 02 00 00 00 04 00"
-        "  00 00 00 00 00 00 00 00"
-        "  01 00 00 00 02 00 00 00 03 00 00 00");  // trailer
     CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, bytes), 0u);
+    EXPECT_EQ(ReadCatalogue(list, Hex(kListVersion0)), 0u);
     ASSERT_EQ(list.Count(), 2u);
 
     const CQvxMaterial& litina = MaterialNamed(list, u"Litina");
@@ -166,20 +140,8 @@ TEST(CatalogueReading, ListVersion0CountsMaterialsAndEndsInATrailer) {
 }
 
 TEST(CatalogueReading, MaterialVersion2WithProfilesVersion2) {
-    const Bytes bytes = Hex(
-        "02  02 00  FF FE FF 03 50 00 56 00 43 00  00 00"
-        "  00 00 80 3F  01 00 01 00 03 00 02 00"
-        // DN index 20 of the old table is row 21; code "KG" then garbage in 11 units; label 15 units
-        "  02 14 00  00 00 C8 42  00 00 20 40  00 00 00 00"
-        "    4B 00 47 00 00 00 58 00 58 00 58 00 58 00 58 00 58 00 58 00 58 00"
-        "    31 00 30 00 35 00 78 00 32 00 2E 00 35 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
-        // DN index 14 is before the inserted row: unchanged
-        "  02 0E 00  00 00 48 43  00 00 A0 40  00 00 00 00"
-        "    00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
-        "    00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
-        "  FF  FF  00 00 00 00 00 00 00 00 00 00 00 00");
     CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, bytes), 0u);
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion2)), 0u);
     const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
     EXPECT_EQ(pvc.GetDescriptionMode(), DescriptionMode::DxT);
     EXPECT_EQ(pvc.Medium(), 1);
@@ -191,18 +153,8 @@ TEST(CatalogueReading, MaterialVersion2WithProfilesVersion2) {
 }
 
 TEST(CatalogueReading, MaterialVersion3WithFixedFormAffixesAndProfileVersion4) {
-    const Bytes bytes = Hex(
-        "03  03 02 01"
-        "  44 00 4E 00 00 00 51 00 51 00"  // prefix "DN", terminator, garbage
-        "  61 00 62 00 63 00 64 00 65 00"  // suffix of 5 units without terminator: "abcd"
-        "  FF FE FF 05 42 00 65 00 74 00 6F 00 6E 00  FF FE FF 00  FF FE FF 00"
-        "  00 00 80 3F  1F 00 03 00 00 00 00 00"
-        // version 4: terminated code and label; DN index 15 is "DN 225" again
-        "  04 0F 00  00 00 61 43  00 00 A0 40  00 00 00 00  58 00 31 00 00 00"
-        "    44 00 4E 00 20 00 32 00 32 00 35 00 00 00"
-        "  FF  FF");
     CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, bytes), 0u);
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion3)), 0u);
     const CQvxMaterial& beton = MaterialNamed(list, u"Beton");
     EXPECT_EQ(beton.GetDescriptionMode(), DescriptionMode::Custom);
     EXPECT_TRUE(beton.OnInnerDiameter());
@@ -214,17 +166,8 @@ TEST(CatalogueReading, MaterialVersion3WithFixedFormAffixesAndProfileVersion4) {
 }
 
 TEST(CatalogueReading, MaterialVersion6WithDisplayNameAndProfileVersion5) {
-    const Bytes bytes = Hex(
-        "03  06 00 00 00 00 00 00"
-        "  FF FE FF 04 4F 00 63 00 65 00 6C 00  FF FE FF 00  FF FE FF 00"
-        "  00 00 80 3F  1F 00 03 00 00 00 00 00  04"
-        // version 5: obsolete word, width 1000, both codes, terminated obsolete label
-        "  05 0A 00  00 00 A0 42  00 00 40 40  00 00 00 00  E8 03 00 00  41 00 00 00  42 00 00 00  78 00 00 00"
-        "  FF"
-        "  FF FE FF 08 4F 00 63 00 65 00 6C 00 20 00 0C 01 53 00 4E 00"
-        "  FF");
     CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, bytes), 0u);
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion6)), 0u);
     const CQvxMaterial& ocel = MaterialNamed(list, u"Ocel");
     EXPECT_EQ(ocel.DisplayName(), u"Ocel ČSN");
     EXPECT_EQ(ocel.Shape(), ProfileShape::Rectangle);
