@@ -16,9 +16,13 @@ constexpr int kBalloonWidth = 320;
 
 // The system's large error icon by handle: every tooltip takes a handle for its title, not every
 // one knows TTI_ERROR_LARGE.
-WPARAM LargeErrorIcon() { return reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR)); }
+WPARAM LargeErrorIcon() {
+    return reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR));
+}
 
-void SystemBeep() { MessageBeep(0); }
+void SystemBeep() {
+    MessageBeep(0);
+}
 
 RefusalSound refusalSound = SystemBeep;
 
@@ -47,7 +51,9 @@ CCheckedEdit::CCheckedEdit(TextCheck wholeTextCheck, TextCheck keystrokeCheck, c
     rules_.maxLength = maxLength;
 }
 
-CCheckedEdit::~CCheckedEdit() { Unsubclass(); }
+CCheckedEdit::~CCheckedEdit() {
+    Unsubclass();
+}
 
 bool CCheckedEdit::CheckWholeText() {
     if (rules_.wholeTextCheck == nullptr) {
@@ -63,16 +69,16 @@ bool CCheckedEdit::CheckWholeText() {
     return !valid_;
 }
 
-void CCheckedEdit::ShowErrorBalloon() {
-    if (ShowBalloonTip(title_, message_, TTI_ERROR_LARGE)) return;
+void CCheckedEdit::ShowBalloon(const std::u16string& text) {
+    if (ShowBalloonTip(title_, text, TTI_ERROR_LARGE)) return;
 
     if (!fallbackBalloon_) {
         fallbackBalloon_.Create(Handle(), TTS_BALLOON | TTS_NOPREFIX | TTS_ALWAYSTIP);
         fallbackBalloon_.SetMaxTipWidth(kBalloonWidth);  // also lets "\n" break the text
-        fallbackBalloon_.AddTrackingTool(message_);
+        fallbackBalloon_.AddTrackingTool(text);
     }
     fallbackBalloon_.SetTitle(LargeErrorIcon(), title_);
-    fallbackBalloon_.UpdateTrackingText(message_);
+    fallbackBalloon_.UpdateTrackingText(text);
 
     // The balloon points at the caret, as the edit control's own one does.
     const RECT client = ClientRect();
@@ -162,6 +168,9 @@ LRESULT CCheckedEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KEYDOWN:
         case WM_KILLFOCUS:
             HideFallbackBalloon();
+            break;
+        case WM_SHOWWINDOW:
+            if (wParam == FALSE) HideFallbackBalloon();
             break;
         case WM_TIMER:
             if (wParam == kBalloonTimer) {

@@ -41,7 +41,9 @@ public:
     // Judges the whole text and recolours the field when its state changed; true when invalid.
     bool CheckWholeText();
     // The error balloon (title, message, large error icon) over the field.
-    void ShowErrorBalloon();
+    void ShowErrorBalloon() { ShowBalloon(message_); }
+    // The same balloon with another text, for an owner that refuses the value itself.
+    void ShowBalloon(const std::u16string& text);
 
     bool OnReflected(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 

@@ -50,7 +50,9 @@ CQxAcDialog::CQxAcDialog(UINT templateId, HWND parent, std::u16string heading, W
 }
 
 // The window goes first: its controls may still use the fonts.
-CQxAcDialog::~CQxAcDialog() { DestroyWindow(); }
+CQxAcDialog::~CQxAcDialog() {
+    DestroyWindow();
+}
 
 CToolTipCtrl& CQxAcDialog::AddToolTip(int controlId, std::u16string_view text) {
     const auto [entry, added] = tooltips_.try_emplace(controlId, text);

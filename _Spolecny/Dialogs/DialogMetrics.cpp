@@ -25,6 +25,10 @@ HeadingLayout HeadingLayoutForScale(float scale) {
     return {margin, ruleY, 4 * ruleY / 10};
 }
 
-int PointFontHeight(int tenthsOfPoint, int dpiY) { return -std::abs(MulDivRounded(dpiY, tenthsOfPoint, 720)); }
+int PointFontHeight(int tenthsOfPoint, int dpiY) {
+    return -std::abs(MulDivRounded(dpiY, tenthsOfPoint, 720));
+}
 
-int BoldFontHeight(int baseFontHeight) { return static_cast<int>(baseFontHeight * 0.76); }
+int BoldFontHeight(int baseFontHeight) {
+    return static_cast<int>(baseFontHeight * 0.76);
+}

@@ -13,17 +13,29 @@ bool MatchesWhole(const wchar_t* text, const wchar_t* pattern) {
 
 }  // namespace
 
-bool IsIntegerPrefix(const wchar_t* text) { return MatchesWhole(text, L"[-+]?[0-9]*"); }
+bool IsIntegerPrefix(const wchar_t* text) {
+    return MatchesWhole(text, L"[-+]?[0-9]*");
+}
 
-bool IsInteger(const wchar_t* text) { return MatchesWhole(text, L"[-+]?[0-9]+"); }
+bool IsInteger(const wchar_t* text) {
+    return MatchesWhole(text, L"[-+]?[0-9]+");
+}
 
-bool IsDecimalPrefix(const wchar_t* text) { return MatchesWhole(text, L"[-+]?[0-9]*(\\.[0-9]*)?"); }
+bool IsDecimalPrefix(const wchar_t* text) {
+    return MatchesWhole(text, L"[-+]?[0-9]*(\\.[0-9]*)?");
+}
 
-bool IsDecimal(const wchar_t* text) { return MatchesWhole(text, L"^[+-]?([0-9]*[.])?[0-9]+$"); }
+bool IsDecimal(const wchar_t* text) {
+    return MatchesWhole(text, L"^[+-]?([0-9]*[.])?[0-9]+$");
+}
 
-wchar_t CommaToPoint(wchar_t character) { return character == L',' ? L'.' : character; }
+wchar_t CommaToPoint(wchar_t character) {
+    return character == L',' ? L'.' : character;
+}
 
-bool IsAlphanumeric(const wchar_t* text) { return *text != L'\0' && MatchesWhole(text, L"(\\w+)"); }
+bool IsAlphanumeric(const wchar_t* text) {
+    return *text != L'\0' && MatchesWhole(text, L"(\\w+)");
+}
 
 bool IsEmail(const wchar_t* text) {
     return *text != L'\0' && MatchesWhole(text, L"(\\w+)(\\.|_)?(\\w*)@(\\w+)(\\.(\\w+))+");

@@ -93,7 +93,9 @@ bool CListView::SortItems(PFNLVCOMPARE compare, LPARAM data) const {
     return Send(LVM_SORTITEMS, static_cast<WPARAM>(data), reinterpret_cast<LPARAM>(compare)) != 0;
 }
 
-CToolTipCtrl::~CToolTipCtrl() { Destroy(); }
+CToolTipCtrl::~CToolTipCtrl() {
+    Destroy();
+}
 
 bool CToolTipCtrl::Create(HWND owner, DWORD style) {
     Destroy();

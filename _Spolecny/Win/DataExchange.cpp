@@ -6,7 +6,9 @@
 #include "Win/SubclassedWindow.h"
 #include "Win/WideText.h"
 
-HWND CDataExchange::Item(int id) const { return GetDlgItem(dialog_.Handle(), id); }
+HWND CDataExchange::Item(int id) const {
+    return GetDlgItem(dialog_.Handle(), id);
+}
 
 void CDataExchange::Control(int id, CSubclassedWindow& control) {
     if (failed_ || control.IsSubclassed()) return;

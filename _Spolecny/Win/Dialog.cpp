@@ -5,7 +5,9 @@
 
 CDialog::CDialog(UINT templateId, HWND parent) : templateId_(templateId), parent_(parent) {}
 
-CDialog::~CDialog() { DestroyWindow(); }
+CDialog::~CDialog() {
+    DestroyWindow();
+}
 
 INT_PTR CDialog::DoModal() {
     if (!Create()) return -1;
@@ -58,7 +60,9 @@ bool CDialog::UpdateData(bool saveAndValidate) {
     return !exchange.Failed();
 }
 
-bool CDialog::PreTranslateMessage(MSG&) { return false; }
+bool CDialog::PreTranslateMessage(MSG&) {
+    return false;
+}
 
 void CDialog::ProcessMessage(MSG& message) {
     const bool forThisDialog = m_hWnd != nullptr && (message.hwnd == m_hWnd || IsChild(m_hWnd, message.hwnd));
@@ -77,11 +81,17 @@ void CDialog::OnOK() {
     if (UpdateData(true)) EndDialog(IDOK);
 }
 
-void CDialog::OnCancel() { EndDialog(IDCANCEL); }
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
 
-bool CDialog::OnCommand(WORD, WORD, HWND) { return false; }
+bool CDialog::OnCommand(WORD, WORD, HWND) {
+    return false;
+}
 
-bool CDialog::OnNotify(NMHDR&, LRESULT&) { return false; }
+bool CDialog::OnNotify(NMHDR&, LRESULT&) {
+    return false;
+}
 
 bool CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {

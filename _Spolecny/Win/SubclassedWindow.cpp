@@ -25,7 +25,9 @@ HWND NotifyingChild(UINT message, WPARAM, LPARAM lParam) {
 
 }  // namespace
 
-CSubclassedWindow::~CSubclassedWindow() { Unsubclass(); }
+CSubclassedWindow::~CSubclassedWindow() {
+    Unsubclass();
+}
 
 bool CSubclassedWindow::Subclass(HWND window) {
     Unsubclass();
@@ -51,7 +53,9 @@ CSubclassedWindow* CSubclassedWindow::FromHandle(HWND window) {
     return window != nullptr ? static_cast<CSubclassedWindow*>(GetPropW(window, kObjectProperty)) : nullptr;
 }
 
-bool CSubclassedWindow::OnReflected(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
+bool CSubclassedWindow::OnReflected(UINT, WPARAM, LPARAM, LRESULT&) {
+    return false;
+}
 
 LRESULT CSubclassedWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefaultProc(message, wParam, lParam);

@@ -20,7 +20,9 @@ std::u16string CWindow::Text() const {
     return FromWide(std::wstring_view(buffer.data(), static_cast<std::size_t>(copied > 0 ? copied : 0)));
 }
 
-void CWindow::SetText(std::u16string_view text) const { SetWindowTextW(m_hWnd, Wide(std::u16string(text))); }
+void CWindow::SetText(std::u16string_view text) const {
+    SetWindowTextW(m_hWnd, Wide(std::u16string(text)));
+}
 
 RECT CWindow::ClientRect() const {
     RECT rect{};
@@ -38,4 +40,6 @@ void CWindow::SetFont(HFONT font, bool redraw) const {
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), MAKELPARAM(redraw ? TRUE : FALSE, 0));
 }
 
-void CWindow::Redraw() const { RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE); }
+void CWindow::Redraw() const {
+    RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
+}

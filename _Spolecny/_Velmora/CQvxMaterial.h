@@ -50,6 +50,11 @@ public:
     // material codes. Masks, roughness, classes and label rules do not take part.
     bool IsEqual(const CQvxMaterial& other) const;
 
+    // Writes the material record (with onlyUsed, only the profiles in use), or reads a record of any
+    // known version. Reading the end marker of the list sets the file index to -1.
+    using CObject::Serialize;
+    virtual void Serialize(CArchive& archive, bool onlyUsed);
+
     int32_t FileIndex() const { return fileIndex_; }
     void SetFileIndex(int32_t index) { fileIndex_ = index; }
     DescriptionMode GetDescriptionMode() const { return descriptionMode_; }
@@ -82,6 +87,9 @@ public:
 
 private:
     void RebuildAllLabels();
+    void Store(CArchive& archive, bool onlyUsed) const;
+    void Load(CArchive& archive);
+    void LoadProfiles(CArchive& archive, std::uint64_t count);
 
     int32_t fileIndex_ = -2;
     DescriptionMode descriptionMode_ = DescriptionMode::DxT;

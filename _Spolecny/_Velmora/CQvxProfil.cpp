@@ -1,7 +1,9 @@
 #include "_Velmora/CQvxProfil.h"
 
-#include <cstdio>
-#include <string>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
 
 #include "CQvxException.h"
 #include "_Velmora/CQvxMaterial.h"
@@ -19,28 +21,53 @@ constexpr int kLineCustomOuterLabel = 52;
 constexpr int kLineCopyCode = 76;
 constexpr int kLineSetCode = 155;
 
-// printf formatting of numbers; labels use the C library's own rounding.
-template <typename... Numbers>
-std::string FormatNumbers(const char* format, Numbers... numbers) {
-    const int length = std::snprintf(nullptr, 0, format, numbers...);
-    if (length <= 0) return {};
-    std::string text(static_cast<std::size_t>(length), '\0');
-    std::snprintf(text.data(), text.size() + 1, format, numbers...);
-    return text;
-}
-
-// Stores prefix + number + suffix in a label buffer. A text that does not fit, or a number that
-// could not be formatted, throws "Nepodařilo se vytvořit popis" with the format's line.
+// Joins the pieces of a label in a buffer of the label's capacity, then stores it. A number that
+// cannot be written, or a label that does not fit, throws "Nepodařilo se vytvořit popis" with the
+// line of the format.
 template <std::size_t Capacity>
-void StoreLabel(FixedText<Capacity>& label, std::u16string_view prefix, const std::string& number,
-                std::u16string_view suffix, int line) {
-    std::u16string text(prefix);
-    text.append(number.begin(), number.end());  // the formatted number is plain ASCII
-    text.append(suffix);
-    if (number.empty() || !label.Assign(text)) {
-        throw CQvxException(u"Nepodařilo se vytvořit popis", line, SourceModule::kMaterial);
+class LabelBuilder {
+public:
+    LabelBuilder& Text(std::u16string_view text) {
+        if (length_ + text.size() >= Capacity) {
+            complete_ = false;
+            return *this;
+        }
+        text.copy(units_.data() + length_, text.size());
+        length_ += text.size();
+        return *this;
     }
-}
+
+    // Fixed notation with `decimals` digits after the point, exactly as printf's "%.Nf" writes it
+    // (correct rounding of the binary value). to_chars does it without printf's cost, which
+    // dominated loading large catalogues.
+    LabelBuilder& Number(double value, int decimals) {
+        std::array<char, 64> digits;  // FLT_MAX has 39 digits before the point
+        const auto [end, error] =
+            std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, decimals);
+        if (error != std::errc()) {
+            complete_ = false;
+            return *this;
+        }
+        const std::string_view narrow(digits.data(), static_cast<std::size_t>(end - digits.data()));
+        std::array<char16_t, 64> wide;
+        std::copy(narrow.begin(), narrow.end(), wide.begin());  // plain ASCII
+        return Text(std::u16string_view(wide.data(), narrow.size()));
+    }
+
+    void StoreIn(FixedText<Capacity>& label, int line) const {
+        if (!complete_ || !label.Assign(std::u16string_view(units_.data(), length_))) {
+            throw CQvxException(u"Nepodařilo se vytvořit popis", line, SourceModule::kMaterial);
+        }
+    }
+
+private:
+    std::array<char16_t, Capacity> units_{};
+    std::size_t length_ = 0;
+    bool complete_ = true;
+};
+
+using LongLabelBuilder = LabelBuilder<CQvxProfil::LabelText::kCapacity>;
+using ShortLabelBuilder = LabelBuilder<CQvxProfil::ShortLabelText::kCapacity>;
 
 }  // namespace
 
@@ -112,22 +139,22 @@ void CQvxProfil::BuildLabels() {
         const DnRow* row = FindDnRow(dnIndex_);
         if (row == nullptr) throw CQvxException(u"Nepodařilo se vytvořit popis", kLineDnLabel, SourceModule::kMaterial);
         const double dn = row->value;
-        StoreLabel(label_, u"DN ", FormatNumbers("%0.0f", dn), u"", kLineDnLabel);
-        StoreLabel(shortLabel_, u"", FormatNumbers("%0.f", dn), u"", kLineDnShortLabel);
+        LongLabelBuilder().Text(u"DN ").Number(dn, 0).StoreIn(label_, kLineDnLabel);
+        ShortLabelBuilder().Number(dn, 0).StoreIn(shortLabel_, kLineDnShortLabel);
         return;
     }
 
     // Outer diameter in single precision, as it has always been computed.
     const float outer = innerDiameter_ + wall_ + wall_;
-    StoreLabel(shortLabel_, u"d", FormatNumbers("%.0f", double(outer)), u"", kLineOuterShortLabel);
+    ShortLabelBuilder().Text(u"d").Number(outer, 0).StoreIn(shortLabel_, kLineOuterShortLabel);
     if (mode == DescriptionMode::DxT) {
-        StoreLabel(label_, u"", FormatNumbers("%.0fx%.1f", double(outer), double(wall_)), u"", kLineDxtLabel);
+        LongLabelBuilder().Number(outer, 0).Text(u"x").Number(wall_, 1).StoreIn(label_, kLineDxtLabel);
     } else if (owner_->OnInnerDiameter()) {
-        StoreLabel(label_, owner_->Prefix(), FormatNumbers("%0.0f", double(innerDiameter_)), owner_->Suffix(),
-                   kLineCustomInnerLabel);
+        LongLabelBuilder().Text(owner_->Prefix()).Number(innerDiameter_, 0).Text(owner_->Suffix()).StoreIn(
+            label_, kLineCustomInnerLabel);
     } else {
-        StoreLabel(label_, owner_->Prefix(), FormatNumbers("%.0f", double(outer)), owner_->Suffix(),
-                   kLineCustomOuterLabel);
+        LongLabelBuilder().Text(owner_->Prefix()).Number(outer, 0).Text(owner_->Suffix()).StoreIn(label_,
+                                                                                          kLineCustomOuterLabel);
     }
 }
 

@@ -59,8 +59,14 @@ public:
     // Rebuilds Label and ShortLabel from the owner's description mode; marks the catalogue changed.
     void BuildLabels();
 
+    // Writes the newest profile record, or reads a record of any known version and rebuilds the
+    // labels. Reading the end marker leaves the DN index at -1.
+    void Serialize(CArchive& archive) override;
+
 private:
     void MarkChanged();
+    void Store(CArchive& archive) const;
+    void Load(CArchive& archive);
 
     int dnIndex_ = -1;
     float innerDiameter_ = 0.0f;
@@ -72,5 +78,4 @@ private:
     LabelText label_;
     ShortLabelText shortLabel_;
     CQvxUsers<CQvxProfil> users_;
-
 };

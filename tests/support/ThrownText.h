@@ -16,9 +16,14 @@ std::u16string ThrownText(Action&& action) {
     return u"<nothing thrown>";
 }
 
+// The full text of a CQvxException: message, line and source module.
+inline std::u16string ExceptionText(std::u16string_view message, int line, std::u16string_view sourceModule) {
+    const std::string number = std::to_string(line);
+    return std::u16string(message) + u", Line " + std::u16string(number.begin(), number.end()) + u", \n" +
+           std::u16string(sourceModule);
+}
+
 // The full text of a failure thrown by the material and profile records.
 inline std::u16string MaterialError(std::u16string_view message, int line) {
-    const std::string number = std::to_string(line);
-    return std::u16string(message) + u", Line " + std::u16string(number.begin(), number.end()) +
-           u", \n_Spolecny\\_Velmora\\CQvxMaterial";
+    return ExceptionText(message, line, u"_Spolecny\\_Velmora\\CQvxMaterial");
 }

@@ -4,6 +4,7 @@
 
 #include "win/DemoDialog.h"
 #include "win/GuiHarness.h"
+#include "win/RefusalBeeps.h"
 
 namespace {
 
@@ -11,24 +12,16 @@ constexpr COLORREF kYellow = RGB(255, 255, 160);
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 
-int beeps = 0;
-void CountBeep() { ++beeps; }
-
 class CheckedEdit : public ::testing::Test {
 protected:
     void SetUp() override {
-        beeps = 0;
-        previousSound_ = SetRefusalSound(CountBeep);
         ASSERT_TRUE(dialog.Create());
         dialog.Show(SW_SHOW);
         gui::Pump(dialog);
         dialog.changes.clear();  // the exchange's writes while opening
         dialog.killFocus.clear();
     }
-    void TearDown() override {
-        dialog.DestroyWindow();
-        SetRefusalSound(previousSound_);
-    }
+    void TearDown() override { dialog.DestroyWindow(); }
 
     HWND Field(int id) const { return dialog.Item(id); }
     bool ShowsInvalid(int id) const {
@@ -40,16 +33,14 @@ protected:
         return colours.background == kWhite && colours.text == GetSysColor(COLOR_WINDOWTEXT) && colours.brush == kWhite;
     }
 
+    RefusalBeeps beeps;
     DemoDialog dialog;
-
-private:
-    RefusalSound previousSound_ = nullptr;
 };
 
 TEST_F(CheckedEdit, LoneMinusIsTypedButInvalidUntilADigitFollows) {
     gui::Type(Field(IDC_WHOLE), u"-");
     EXPECT_EQ(gui::Text(Field(IDC_WHOLE)), u"-");
-    EXPECT_EQ(beeps, 0);
+    EXPECT_EQ(beeps.Heard(), 0);
     EXPECT_FALSE(dialog.whole.IsValid());
     EXPECT_TRUE(ShowsInvalid(IDC_WHOLE));
 
@@ -60,7 +51,7 @@ TEST_F(CheckedEdit, LoneMinusIsTypedButInvalidUntilADigitFollows) {
 
     gui::Type(Field(IDC_WHOLE), u"x-");
     EXPECT_EQ(gui::Text(Field(IDC_WHOLE)), u"-7");
-    EXPECT_EQ(beeps, 2);
+    EXPECT_EQ(beeps.Heard(), 2);
 }
 
 TEST_F(CheckedEdit, OnlyValidChangesReachTheParent) {
@@ -76,12 +67,12 @@ TEST_F(CheckedEdit, DecimalCommaBecomesAPointAndATrailingPointIsInvalid) {
     EXPECT_TRUE(ShowsValid(IDC_DECIMAL));
     gui::Type(Field(IDC_DECIMAL), u",");  // a second separator
     EXPECT_EQ(gui::Text(Field(IDC_DECIMAL)), u"1.5");
-    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(beeps.Heard(), 1);
 
     gui::SetText(Field(IDC_DECIMAL), u"");
     gui::Type(Field(IDC_DECIMAL), u"1.");
     EXPECT_EQ(gui::Text(Field(IDC_DECIMAL)), u"1.");
-    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(beeps.Heard(), 1);
     EXPECT_TRUE(ShowsInvalid(IDC_DECIMAL));
 
     gui::SetText(Field(IDC_DECIMAL), u"");
@@ -93,12 +84,12 @@ TEST_F(CheckedEdit, FullFieldRefusesTheNextCharacterWithBeepAndBalloon) {
     const HWND name = Field(IDC_NAME);
     SetFocus(name);
     gui::Type(name, u"Trubka PE-HD 110x6,6");  // 20 characters
-    EXPECT_EQ(beeps, 0);
+    EXPECT_EQ(beeps.Heard(), 0);
     EXPECT_FALSE(gui::FindVisibleBalloon().visible);
 
     gui::Type(name, u"X");
     EXPECT_EQ(gui::Text(name), u"Trubka PE-HD 110x6,6");
-    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(beeps.Heard(), 1);
     const gui::Balloon balloon = gui::FindVisibleBalloon();
     ASSERT_TRUE(balloon.visible);
     EXPECT_EQ(balloon.text, u"Název může mít nejvýše 20 znaků");
@@ -110,10 +101,10 @@ TEST_F(CheckedEdit, FullFieldRefusesTheNextCharacterWithBeepAndBalloon) {
     SendMessageW(name, EM_SETSEL, 0, -1);
     gui::Type(name, u"Y");
     EXPECT_EQ(gui::Text(name), u"Trubka PE-HD 110x6,6");
-    EXPECT_EQ(beeps, 2);
+    EXPECT_EQ(beeps.Heard(), 2);
     gui::Type(name, u"\b");
     EXPECT_EQ(gui::Text(name), u"");
-    EXPECT_EQ(beeps, 2);
+    EXPECT_EQ(beeps.Heard(), 2);
     EXPECT_FALSE(gui::FindVisibleBalloon().visible);  // the next key hides the balloon
 }
 
@@ -162,7 +153,7 @@ TEST_F(CheckedEdit, DisabledFieldIsWhiteWhateverItsText) {
 
 TEST_F(CheckedEdit, FileNameRefusesForbiddenCharactersWhileTyping) {
     gui::Type(Field(IDC_FILE), u"katalog|");
-    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(beeps.Heard(), 1);
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte název bez '<>*:\\?'(platný název souboru Windows)");
     gui::Type(Field(IDC_FILE), u"2.qxp");
     EXPECT_EQ(gui::Text(Field(IDC_FILE)), u"katalog2.qxp");

@@ -15,3 +15,7 @@
 #define IDC_LIST 2011
 #define IDC_ADD 2012
 #define IDC_DELETE 2013
+
+#define IDD_TREELIST 2100
+#define IDC_TREELIST_PLACE 11049
+#define IDC_NOTE 2101

@@ -8,7 +8,9 @@
 
 namespace {
 
-bool IsChecked(const CDialog& dialog, int id) { return SendMessageW(dialog.Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+bool IsChecked(const CDialog& dialog, int id) {
+    return SendMessageW(dialog.Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
 
 TEST(DataExchange, OpeningFillsTheControlsAndOkReadsThemBack) {
     DemoDialog dialog;

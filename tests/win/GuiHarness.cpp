@@ -21,8 +21,7 @@ public:
         ASSERT_TRUE(InitCommonControlsEx(&controls));
     }
 };
-[[maybe_unused]] ::testing::Environment* const commonControls =
-    ::testing::AddGlobalTestEnvironment(new CommonControls);
+[[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
 template <typename Handle>
 void PumpUntil(DWORD milliseconds, Handle&& handle) {
@@ -70,7 +69,37 @@ void PressKey(HWND window, UINT virtualKey) {
     SendMessageW(window, WM_KEYUP, virtualKey, scanCode | 1 | (LPARAM{3} << 30));
 }
 
-void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
+void RealKey(UINT virtualKey) {
+    INPUT keys[2] = {};
+    keys[0].type = keys[1].type = INPUT_KEYBOARD;
+    keys[0].ki.wVk = keys[1].ki.wVk = static_cast<WORD>(virtualKey);
+    keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(2, keys, sizeof(INPUT));
+}
+
+void RealType(std::u16string_view characters) {
+    for (const char16_t character : characters) {
+        INPUT keys[2] = {};
+        keys[0].type = keys[1].type = INPUT_KEYBOARD;
+        keys[0].ki.wScan = keys[1].ki.wScan = character;
+        keys[0].ki.dwFlags = KEYEVENTF_UNICODE;
+        keys[1].ki.dwFlags = KEYEVENTF_UNICODE | KEYEVENTF_KEYUP;
+        SendInput(2, keys, sizeof(INPUT));
+    }
+}
+
+void RealClick(POINT screenPoint) {
+    SetCursorPos(screenPoint.x, screenPoint.y);
+    INPUT clicks[2] = {};
+    clicks[0].type = clicks[1].type = INPUT_MOUSE;
+    clicks[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    clicks[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    SendInput(2, clicks, sizeof(INPUT));
+}
+
+void Click(HWND button) {
+    SendMessageW(button, BM_CLICK, 0, 0);
+}
 
 void SetText(HWND window, std::u16string_view text) {
     const std::u16string copy(text);
@@ -151,8 +180,8 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     const std::wstring path = base + L"\\" + name + L".bmp";
     bool saved = false;
     if (FILE* out = _wfopen(path.c_str(), L"wb")) {
-        saved = fwrite(&file, sizeof(file), 1, out) == 1 && fwrite(&info.bmiHeader, sizeof(BITMAPINFOHEADER), 1, out) == 1 &&
-                fwrite(bits, imageSize, 1, out) == 1;
+        saved = fwrite(&file, sizeof(file), 1, out) == 1 &&
+                fwrite(&info.bmiHeader, sizeof(BITMAPINFOHEADER), 1, out) == 1 && fwrite(bits, imageSize, 1, out) == 1;
         fclose(out);
     }
     SelectObject(memory, previous);

@@ -21,6 +21,11 @@ void Pump(DWORD milliseconds = 0);
 void Type(HWND window, std::u16string_view characters);
 // A key pressed and released (WM_KEYDOWN, WM_KEYUP) without translation to characters.
 void PressKey(HWND window, UINT virtualKey);
+// Real input through the system's input queue (SendInput), to the foreground window's focus.
+void RealKey(UINT virtualKey);
+void RealType(std::u16string_view characters);
+void RealClick(POINT screenPoint);
+
 // Clicks a button (BM_CLICK).
 void Click(HWND button);
 // Replaces a window's text (WM_SETTEXT), as pasting or a program would.

@@ -6,18 +6,24 @@ namespace {
 
 TEST(InputChecks, WholeNumbers) {
     for (const wchar_t* typing : {L"", L"-", L"+", L"12", L"-007"}) EXPECT_TRUE(IsIntegerPrefix(typing)) << typing;
-    for (const wchar_t* refused : {L"1-", L"--1", L"1.", L" 1", L"1a"}) EXPECT_FALSE(IsIntegerPrefix(refused)) << refused;
+    for (const wchar_t* refused : {L"1-", L"--1", L"1.", L" 1", L"1a"})
+        EXPECT_FALSE(IsIntegerPrefix(refused)) << refused;
 
     for (const wchar_t* finished : {L"0", L"-12", L"+3"}) EXPECT_TRUE(IsInteger(finished)) << finished;
-    for (const wchar_t* unfinished : {L"", L"-", L"+", L"1.0", L"1 "}) EXPECT_FALSE(IsInteger(unfinished)) << unfinished;
+    for (const wchar_t* unfinished : {L"", L"-", L"+", L"1.0", L"1 "})
+        EXPECT_FALSE(IsInteger(unfinished)) << unfinished;
 }
 
 TEST(InputChecks, DecimalNumbers) {
-    for (const wchar_t* typing : {L"", L"-", L"1.", L".5", L"-.", L"12.25"}) EXPECT_TRUE(IsDecimalPrefix(typing)) << typing;
-    for (const wchar_t* refused : {L"1,5", L"1.2.", L"..", L"1e3", L"-+1"}) EXPECT_FALSE(IsDecimalPrefix(refused)) << refused;
+    for (const wchar_t* typing : {L"", L"-", L"1.", L".5", L"-.", L"12.25"})
+        EXPECT_TRUE(IsDecimalPrefix(typing)) << typing;
+    for (const wchar_t* refused : {L"1,5", L"1.2.", L"..", L"1e3", L"-+1"})
+        EXPECT_FALSE(IsDecimalPrefix(refused)) << refused;
 
-    for (const wchar_t* finished : {L".5", L"1.5", L"-0.25", L"+7", L"15"}) EXPECT_TRUE(IsDecimal(finished)) << finished;
-    for (const wchar_t* unfinished : {L"1.", L"", L"-", L".", L"1,5"}) EXPECT_FALSE(IsDecimal(unfinished)) << unfinished;
+    for (const wchar_t* finished : {L".5", L"1.5", L"-0.25", L"+7", L"15"})
+        EXPECT_TRUE(IsDecimal(finished)) << finished;
+    for (const wchar_t* unfinished : {L"1.", L"", L"-", L".", L"1,5"})
+        EXPECT_FALSE(IsDecimal(unfinished)) << unfinished;
 }
 
 TEST(InputChecks, CommaBecomesPointAndNothingElseChanges) {
@@ -37,7 +43,7 @@ TEST(InputChecks, AlphanumericWords) {
 TEST(InputChecks, EmailNeedsADottedDomain) {
     EXPECT_TRUE(IsEmail(L"jan.novak@firma.cz"));
     EXPECT_TRUE(IsEmail(L"jan_novak@mail.firma.cz"));
-    EXPECT_FALSE(IsEmail(L"jan@localhost"));  // no dotted part after the at sign
+    EXPECT_FALSE(IsEmail(L"jan@localhost"));        // no dotted part after the at sign
     EXPECT_FALSE(IsEmail(L"jan..novak@firma.cz"));  // one dot or underscore only
     EXPECT_FALSE(IsEmail(L"jan.novak.ml@firma.cz"));
     EXPECT_FALSE(IsEmail(L"@firma.cz"));

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <random>
+
+#include "TextCodec.h"
+
 #include "support/MaterialFixture.h"
 #include "support/ThrownText.h"
 
@@ -55,6 +60,26 @@ TEST_F(ProfileLabels, NumbersRoundLikePrintf) {
     EXPECT_EQ(profile->Label(), u"13x6.7");
     profile->SetDimensions(0.0f, 0.35f);  // 0.35f is 0.3499999940...: rounds down
     EXPECT_EQ(profile->Label(), u"1x0.3");
+}
+
+// Labels are built without printf; they must still read exactly as printf writes the numbers.
+TEST_F(ProfileLabels, LabelsMatchPrintfOverManyValues) {
+    Describe(DescriptionMode::DxT);
+    CQvxProfil* profile = material.AddProfile(11);
+    std::mt19937 random(1234);
+    std::uniform_int_distribution<int> eighths(0, 72000);  // ties at .5 and .05 included
+    std::uniform_real_distribution<float> any(0.0f, 9000.0f);  // short labels hold 4 digits
+    for (int i = 0; i < 20000; ++i) {
+        const float inner = i % 2 == 0 ? static_cast<float>(eighths(random)) / 8.0f : any(random);
+        const float wall = i % 2 == 0 ? static_cast<float>(eighths(random) % 800) / 80.0f : any(random) / 100.0f;
+        profile->SetDimensions(inner, wall);
+        const float outer = inner + wall + wall;
+        char expected[64];
+        std::snprintf(expected, sizeof expected, "%.0fx%.1f", double(outer), double(wall));
+        ASSERT_EQ(ToUtf8(profile->Label()), expected) << inner << " " << wall;
+        std::snprintf(expected, sizeof expected, "d%.0f", double(outer));
+        ASSERT_EQ(ToUtf8(profile->ShortLabel()), expected);
+    }
 }
 
 TEST_F(ProfileLabels, LabelsThatDoNotFitThrowWithTheFormatLine) {

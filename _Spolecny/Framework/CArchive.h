@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "Framework/CFile.h"
+#include "Framework/Exceptions.h"
+
+// A one-way binary stream over a file: either loads or stores. Primitives are little-endian with
+// no padding. Reading past the end, or a length field that promises more bytes than the file has
+// left, raises CArchiveException with the offset of the field that could not be read.
+class CArchive {
+public:
+    enum Mode { load, store };
+    static constexpr std::size_t kBufferSize = 4096;
+
+    CArchive(CFile& file, Mode mode);
+    CArchive(const CArchive&) = delete;
+    CArchive& operator=(const CArchive&) = delete;
+    // Writes what is still buffered, quietly: a failed save has already been reported.
+    ~CArchive();
+
+    bool IsLoading() const { return mode_ == load; }
+    bool IsStoring() const { return mode_ == store; }
+    // Writes out the buffer of a storing archive; the file stays open.
+    void Close();
+
+    // Bytes read or written so far.
+    std::uint64_t Position() const { return position_; }
+    // Bytes a loading archive has not read yet.
+    std::uint64_t BytesLeft() const { return fileLength_ - position_; }
+
+    void WriteByte(std::uint8_t value);
+    void WriteUInt16(std::uint16_t value);
+    void WriteInt16(std::int16_t value) { WriteUInt16(static_cast<std::uint16_t>(value)); }
+    void WriteUInt32(std::uint32_t value);
+    void WriteInt32(std::int32_t value) { WriteUInt32(static_cast<std::uint32_t>(value)); }
+    void WriteUInt64(std::uint64_t value);
+    void WriteFloat(float value);
+    // Wide string: tag FF FE FF, the length in characters, the UTF-16LE units.
+    void WriteString(std::u16string_view text);
+
+    std::uint8_t ReadByte();
+    std::uint16_t ReadUInt16();
+    std::int16_t ReadInt16() { return static_cast<std::int16_t>(ReadUInt16()); }
+    std::uint32_t ReadUInt32();
+    std::int32_t ReadInt32() { return static_cast<std::int32_t>(ReadUInt32()); }
+    std::uint64_t ReadUInt64();
+    float ReadFloat();
+    // A wide string, or an untagged narrow one widened from Windows-1250 (the code page of the
+    // Czech systems that wrote such files).
+    std::u16string ReadString();
+    void Skip(std::uint64_t count);
+
+private:
+    struct StringHeader {
+        std::uint64_t length;  // in characters
+        bool wide;
+    };
+
+    template <std::size_t N>
+    std::array<std::uint8_t, N> ReadBytes();
+    void ReadBytes(std::uint8_t* target, std::size_t count);
+    void WriteBytes(const std::uint8_t* source, std::size_t count);
+    void Flush();
+    StringHeader ReadStringHeader();
+    void WriteStringLength(std::uint64_t length);
+    // Refuses a field of `count` bytes that the rest of the file cannot hold.
+    void RequireBytesLeft(std::uint64_t count) const;
+
+    CFile& file_;
+    Mode mode_;
+    std::uint64_t fileLength_ = 0;
+    std::uint64_t position_ = 0;
+    std::array<std::uint8_t, kBufferSize> buffer_{};
+    std::size_t bufferUsed_ = 0;  // storing: bytes waiting; loading: bytes filled
+    std::size_t bufferRead_ = 0;  // loading: bytes of the buffer already taken
+};

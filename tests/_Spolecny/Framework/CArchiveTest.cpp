@@ -1,0 +1,169 @@
+#include "Framework/CArchive.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "support/ArchiveBytes.h"
+
+namespace {
+
+TEST(ArchivePrimitives, AreLittleEndianWithoutPadding) {
+    const Bytes bytes = StoredBytes([](CArchive& archive) {
+        archive.WriteByte(0x07);
+        archive.WriteInt16(-2);
+        archive.WriteUInt32(0x12345678);
+        archive.WriteFloat(90.0f);
+        archive.WriteUInt64(0x0102030405060708);
+    });
+    EXPECT_EQ(bytes, Hex("07 FE FF 78 56 34 12 00 00 B4 42 08 07 06 05 04 03 02 01"));
+
+    LoadBytes(bytes, [](CArchive& archive) {
+        EXPECT_EQ(archive.ReadByte(), 0x07);
+        EXPECT_EQ(archive.ReadInt16(), -2);
+        EXPECT_EQ(archive.ReadUInt32(), 0x12345678u);
+        EXPECT_EQ(archive.ReadFloat(), 90.0f);
+        EXPECT_EQ(archive.ReadUInt64(), 0x0102030405060708u);
+    });
+}
+
+TEST(ArchivePrimitives, Int16FFFFReadsAsMinusOne) {
+    LoadBytes(Hex("FF FF"), [](CArchive& archive) { EXPECT_EQ(archive.ReadInt16(), -1); });
+}
+
+TEST(ArchivePrimitives, ShortReadThrowsWithTheOffsetOfTheField) {
+    LoadBytes(Hex("01 02 03 04 05"), [](CArchive& archive) {
+        archive.ReadByte();
+        archive.ReadUInt16();
+        try {
+            archive.ReadUInt32();
+            FAIL() << "no archive exception";
+        } catch (const CArchiveException& exception) {
+            EXPECT_EQ(exception.GetCause(), CArchiveException::Cause::EndOfFile);
+            EXPECT_EQ(exception.Offset(), 3u);
+        }
+    });
+}
+
+TEST(ArchiveBuffer, CarriesDataAcrossManyBufferFills) {
+    const std::size_t count = 3 * CArchive::kBufferSize + 17;
+    const Bytes bytes = StoredBytes([&](CArchive& archive) {
+        for (std::size_t i = 0; i < count; ++i) archive.WriteUInt16(static_cast<std::uint16_t>(i * 7));
+    });
+    ASSERT_EQ(bytes.size(), 2 * count);
+    LoadBytes(bytes, [&](CArchive& archive) {
+        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(archive.ReadUInt16(), static_cast<std::uint16_t>(i * 7));
+        EXPECT_EQ(archive.BytesLeft(), 0u);
+    });
+}
+
+TEST(ArchiveBuffer, DestructionWritesWhatIsStillBuffered) {
+    CMemFile file;
+    {
+        CArchive archive(file, CArchive::store);
+        archive.WriteByte(3);
+        archive.WriteByte(0xFF);
+        EXPECT_TRUE(file.Bytes().empty());
+    }
+    EXPECT_EQ(file.Bytes(), Hex("03 FF"));
+}
+
+// Written length headers, after the wide tag FF FE FF.
+Bytes LengthHeaderOf(std::size_t length) {
+    const Bytes bytes = StoredBytes([&](CArchive& archive) { archive.WriteString(std::u16string(length, u'x')); });
+    return Bytes(bytes.begin() + 3, bytes.end() - static_cast<std::ptrdiff_t>(2 * length));
+}
+
+TEST(ArchiveStrings, WideStringsUseTheShortestLengthForm) {
+    EXPECT_EQ(StoredBytes([](CArchive& archive) { archive.WriteString(u"Př"); }), Hex("FF FE FF 02 50 00 59 01"));
+    EXPECT_EQ(StoredBytes([](CArchive& archive) { archive.WriteString(u""); }), Hex("FF FE FF 00"));
+    EXPECT_EQ(LengthHeaderOf(254), Hex("FE"));
+    EXPECT_EQ(LengthHeaderOf(255), Hex("FF FF 00"));
+    EXPECT_EQ(LengthHeaderOf(0xFFFD), Hex("FF FD FF"));
+    EXPECT_EQ(LengthHeaderOf(0xFFFE), Hex("FF FF FF FE FF 00 00"));
+}
+
+TEST(ArchiveStrings, EveryLengthFormReadsBack) {
+    for (std::size_t length : {0u, 254u, 255u, 0xFFFDu, 0xFFFEu, 70000u}) {
+        std::u16string text(length, u'ř');
+        if (length > 0) text[length - 1] = u'Z';
+        const Bytes bytes = StoredBytes([&](CArchive& archive) { archive.WriteString(text); });
+        LoadBytes(bytes, [&](CArchive& archive) { EXPECT_EQ(archive.ReadString(), text) << length; });
+    }
+    // The 64-bit form is never written for real texts, but a reader takes it.
+    LoadBytes(Hex("FF FE FF FF FF FF FF FF FF FF 02 00 00 00 00 00 00 00 61 00 62 00"),
+              [](CArchive& archive) { EXPECT_EQ(archive.ReadString(), u"ab"); });
+}
+
+TEST(ArchiveStrings, UntaggedStringsAreNarrowWindows1250) {
+    LoadBytes(Hex("04 C8 65 73 E8"), [](CArchive& archive) { EXPECT_EQ(archive.ReadString(), u"Česč"); });
+    LoadBytes(Hex("FF 03 00 41 42 43"), [](CArchive& archive) { EXPECT_EQ(archive.ReadString(), u"ABC"); });
+    LoadBytes(Hex("FF FF FF 02 00 00 00 8A 9E"), [](CArchive& archive) { EXPECT_EQ(archive.ReadString(), u"Šž"); });
+}
+
+// Each of these promises more characters than the bytes that follow; none may be allocated.
+TEST(ArchiveStrings, LengthBeyondTheFileIsRefusedBeforeAllocating) {
+    const char* headers[] = {
+        "FF FE FF 03 41 00 42 00",                                // 3 wide characters, 2 present
+        "05 41 42 43 44",                                         // 5 narrow characters, 4 present
+        "FF FE FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF 7F",  // 2^63 - 1 wide characters
+        "FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF",           // 2^64 - 1 narrow characters
+        "FF FE FF FF FF FF FE FF FF FF",                          // 0xFFFFFFFE wide characters
+    };
+    for (const char* header : headers) {
+        const Bytes bytes = Hex(header);
+        try {
+            LoadBytes(bytes, [](CArchive& archive) { archive.ReadString(); });
+            ADD_FAILURE() << "accepted " << header;
+        } catch (const CArchiveException& exception) {
+            EXPECT_EQ(exception.GetCause(), CArchiveException::Cause::EndOfFile) << header;
+        }
+    }
+}
+
+class FileOnDisk : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder = std::filesystem::temp_directory_path() /
+                 ("velmora-file-" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directories(folder);
+    }
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    std::u16string PathOf(std::u16string_view name) const { return (folder / name).u16string(); }
+
+    std::filesystem::path folder;
+};
+
+TEST_F(FileOnDisk, MissingFileOrFolderDoesNotOpen) {
+    CFile file;
+    EXPECT_FALSE(file.Open(PathOf(u"chybí.qxp"), CFile::modeRead));
+    EXPECT_FALSE(file.Open(PathOf(u"nová složka/Potrubi.qxp"), CFile::modeCreate | CFile::modeWrite));
+}
+
+TEST_F(FileOnDisk, CreateTruncatesAndReadingMeasuresTheFile) {
+    const std::u16string path = PathOf(u"Potrubí – žluťoučký.qxp");
+    std::ofstream(folder / u"Potrubí – žluťoučký.qxp", std::ios::binary) << std::string(10000, 'x');
+
+    CFile output;
+    ASSERT_TRUE(output.Open(path, CFile::modeCreate | CFile::modeWrite));
+    {
+        CArchive archive(output, CArchive::store);
+        for (int i = 0; i < 5000; ++i) archive.WriteUInt32(static_cast<std::uint32_t>(i));
+        archive.Close();
+    }
+    output.Close();
+    EXPECT_EQ(std::filesystem::file_size(folder / path), 20000u);
+
+    CFile input;
+    ASSERT_TRUE(input.Open(path, CFile::modeRead));
+    EXPECT_EQ(input.GetLength(), 20000u);
+    CArchive archive(input, CArchive::load);
+    for (int i = 0; i < 5000; ++i) ASSERT_EQ(archive.ReadUInt32(), static_cast<std::uint32_t>(i));
+    EXPECT_THROW(archive.ReadByte(), CArchiveException);
+}
+
+}  // namespace

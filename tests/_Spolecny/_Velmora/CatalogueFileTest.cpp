@@ -1,0 +1,262 @@
+// The catalogue file: byte-exact writing, every older layout on reading, refusals.
+
+#include <gtest/gtest.h>
+
+#include "_Velmora/CQvxMaterial.h"
+#include "_Velmora/CQvxSezMaterialu.h"
+#include "support/ArchiveBytes.h"
+#include "support/CatalogueBuilding.h"
+#include "support/CatalogueFixtures.h"
+#include "support/RandomCatalogue.h"
+#include "support/ThrownText.h"
+
+namespace {
+
+using namespace CatalogueFixtures;
+
+std::u16string NewerVersionText(int line, std::u16string_view source) {
+    return ExceptionText(u"Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", line, source);
+}
+
+TEST(CatalogueWriting, WorkedExampleIsWrittenByteForByte) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& pe = AddMaterial(list, u"PE");
+    MaterialExchangeRecord record = pe.MakeExchangeRecord();
+    record.roughness = 0.01;
+    record.pnIndex = 3;
+    record.sdrIndex = 4;
+    pe.ApplyExchangeRecord(record);
+    pe.AddProfile(11)->SetDimensions(90.0f, 10.0f);
+
+    const Bytes bytes = WriteCatalogue(list);
+    EXPECT_EQ(bytes.size(), 58u);
+    EXPECT_EQ(bytes, Hex(kWorkedExample));
+}
+
+TEST(CatalogueWriting, EmptyListIsVersionAndEndMarkerOnly) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(WriteCatalogue(list), Hex("03 FF"));
+    EXPECT_EQ(WriteCatalogue(list, true), Hex("03 FF"));
+}
+
+TEST(CatalogueWriting, FourCharacterPrefixIsSavedWithThree) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& material = AddMaterial(list, u"K");
+    MaterialExchangeRecord record = material.MakeExchangeRecord();
+    record.descriptionMode = DescriptionMode::Custom;
+    record.prefix = u"ABCD";
+    record.suffix = u"mm";
+    record.pnIndex = record.sdrIndex = 0;
+    material.ApplyExchangeRecord(record);
+
+    const Bytes bytes = WriteCatalogue(list);
+    EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + 18), Hex("03 05 02 00 41 00 42 00 43 00 00 00 6D 00 6D 00 00 00"));
+    CQvxSezMaterialu read;
+    ReadCatalogue(read, bytes);
+    EXPECT_EQ(MaterialNamed(read, u"K").Prefix(), u"ABC");
+    EXPECT_EQ(MaterialNamed(read, u"K").Suffix(), u"mm");
+}
+
+TEST(CatalogueWriting, OnlyUsedWritesTheMaterialsAndProfilesInUseAndNumbersThem) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& unused = AddMaterial(list, u"A");
+    CQvxMaterial& used = AddMaterial(list, u"B");
+    CQvxMaterial& alsoUsed = AddMaterial(list, u"C");
+    CQvxMaterial* materialSlots[2] = {&used, &alsoUsed};
+    used.Users().Register(&materialSlots[0]);
+    alsoUsed.Users().Register(&materialSlots[1]);
+    unused.AddProfile(3);
+    CQvxProfil* profileSlot = used.AddProfile(5);
+    used.AddProfile(6);
+    alsoUsed.AddProfile(7);
+    used.FindProfile(5)->Users().Register(&profileSlot);
+
+    const Bytes bytes = WriteCatalogue(list, true);
+    EXPECT_EQ(unused.FileIndex(), -2);
+    EXPECT_EQ(used.FileIndex(), 0);
+    EXPECT_EQ(alsoUsed.FileIndex(), 1);
+
+    CQvxSezMaterialu read;
+    ReadCatalogue(read, bytes);
+    ASSERT_EQ(read.Count(), 2u);
+    EXPECT_EQ(MaterialNamed(read, u"B").Profiles().size(), 1u);
+    EXPECT_NE(MaterialNamed(read, u"B").FindProfile(5), nullptr);
+    EXPECT_TRUE(MaterialNamed(read, u"C").Profiles().empty());
+}
+
+TEST(CatalogueReading, WorkedExampleReadsBack) {
+    CQvxSezMaterialu list;
+    list.MarkChanged();
+    EXPECT_EQ(ReadCatalogue(list, Hex(kWorkedExample)), 0u);
+    EXPECT_TRUE(list.IsUnchanged());
+    ASSERT_EQ(list.Count(), 1u);
+    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
+    EXPECT_EQ(pe.FileIndex(), 0);
+    EXPECT_EQ(pe.DisplayName(), u"PE");
+    EXPECT_EQ(pe.GetDescriptionMode(), DescriptionMode::DxT);
+    EXPECT_EQ(pe.Roughness(), 0.01f);
+    EXPECT_EQ(pe.Medium(), 31);
+    EXPECT_EQ(pe.Placement(), 3);
+    EXPECT_EQ(pe.PnIndex(), 3);
+    EXPECT_EQ(pe.SdrIndex(), 4);
+    ASSERT_EQ(pe.Profiles().size(), 1u);
+    const CQvxProfil& profile = ProfileAt(pe, 11);
+    EXPECT_EQ(profile.InnerDiameter(), 90.0f);
+    EXPECT_EQ(profile.Wall(), 10.0f);
+    EXPECT_EQ(profile.Label(), u"110x10.0");
+    EXPECT_EQ(profile.ShortLabel(), u"d110");
+}
+
+TEST(CatalogueReading, ListVersion0CountsMaterialsAndEndsInATrailer) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ReadCatalogue(list, Hex(kListVersion0)), 0u);
+    ASSERT_EQ(list.Count(), 2u);
+
+    const CQvxMaterial& litina = MaterialNamed(list, u"Litina");
+    EXPECT_EQ(litina.FileIndex(), 0);
+    EXPECT_EQ(litina.GetDescriptionMode(), DescriptionMode::Dn);
+    EXPECT_EQ(litina.Description(), u"Šedá");
+    EXPECT_EQ(litina.DisplayName(), u"Litina");
+    EXPECT_EQ(litina.Medium(), 31);
+    EXPECT_EQ(litina.Placement(), 3);
+    EXPECT_EQ(litina.PnIndex(), 2);
+    EXPECT_EQ(litina.SdrIndex(), -1);
+    ASSERT_EQ(litina.Profiles().size(), 1u);
+    const CQvxProfil& dn250 = ProfileAt(litina, 16);
+    EXPECT_EQ(dn250.UrsMaterialCode(), u"K1");
+    EXPECT_EQ(dn250.Label(), u"DN 250");
+    EXPECT_EQ(dn250.Wall(), 5.0f);
+
+    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
+    EXPECT_EQ(pe.FileIndex(), 1);
+    EXPECT_EQ(pe.GetDescriptionMode(), DescriptionMode::DxT);
+    EXPECT_EQ(pe.Medium(), 4);
+    EXPECT_EQ(pe.Placement(), 2);
+    EXPECT_TRUE(pe.Profiles().empty());
+
+    CQvxSezMaterialu none;
+    EXPECT_EQ(ReadCatalogue(none, Hex("01 00 00 00 00 00 00 00 00  00 00 00 00 00 00 00 00 00 00 00 00")), 0u);
+    EXPECT_EQ(none.Count(), 0u);
+}
+
+TEST(CatalogueReading, MaterialVersion2WithProfilesVersion2) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion2)), 0u);
+    const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
+    EXPECT_EQ(pvc.GetDescriptionMode(), DescriptionMode::DxT);
+    EXPECT_EQ(pvc.Medium(), 1);
+    EXPECT_EQ(pvc.Placement(), 1);
+    ASSERT_EQ(pvc.Profiles().size(), 2u);
+    EXPECT_EQ(ProfileAt(pvc, 21).UrsMaterialCode(), u"KG");
+    EXPECT_EQ(ProfileAt(pvc, 21).Label(), u"105x2.5");
+    EXPECT_EQ(ProfileAt(pvc, 14).InnerDiameter(), 200.0f);
+}
+
+TEST(CatalogueReading, MaterialVersion3WithFixedFormAffixesAndProfileVersion4) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion3)), 0u);
+    const CQvxMaterial& beton = MaterialNamed(list, u"Beton");
+    EXPECT_EQ(beton.GetDescriptionMode(), DescriptionMode::Custom);
+    EXPECT_TRUE(beton.OnInnerDiameter());
+    EXPECT_EQ(beton.Prefix(), u"DN");
+    EXPECT_EQ(beton.Suffix(), u"abcd");
+    const CQvxProfil& profile = ProfileAt(beton, 15);
+    EXPECT_EQ(profile.UrsMaterialCode(), u"X1");
+    EXPECT_EQ(profile.Label(), u"DN225abcd");
+}
+
+TEST(CatalogueReading, MaterialVersion6WithDisplayNameAndProfileVersion5) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion6)), 0u);
+    const CQvxMaterial& ocel = MaterialNamed(list, u"Ocel");
+    EXPECT_EQ(ocel.DisplayName(), u"Ocel ČSN");
+    EXPECT_EQ(ocel.Shape(), ProfileShape::Rectangle);
+    EXPECT_EQ(ocel.GetDescriptionMode(), DescriptionMode::Dn);
+    const CQvxProfil& profile = ProfileAt(ocel, 10);
+    EXPECT_EQ(profile.Width(), 1000);
+    EXPECT_EQ(profile.UrsMaterialCode(), u"A");
+    EXPECT_EQ(profile.UrsInstallCode(), u"B");
+    EXPECT_EQ(profile.Label(), u"DN 80");
+}
+
+TEST(CatalogueRefusal, NewerVersionAtEachLevelWithItsSourceAndLine) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ThrownText([&] { ReadCatalogue(list, Hex("04 FF")); }),
+              NewerVersionText(257, u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
+    EXPECT_EQ(list.Count(), 0u);
+
+    // The material read before the refusal stays.
+    EXPECT_EQ(ThrownText([&] { ReadCatalogue(list, Hex("03 " + kPeMaterial + "07")); }),
+              NewerVersionText(357, u"_Spolecny\\_Velmora\\CQvxMaterial"));
+    EXPECT_EQ(list.Count(), 1u);
+
+    CQvxSezMaterialu other;
+    EXPECT_EQ(ThrownText([&] { ReadCatalogue(other, Hex(std::string("03 ") + kPeHeader + "08")); }),
+              NewerVersionText(447, u"_Spolecny\\_Velmora\\CQvxMaterial"));
+    EXPECT_EQ(other.Count(), 0u);
+}
+
+TEST(CatalogueRefusal, OneDnTwiceInAMaterial) {
+    CQvxSezMaterialu list;
+    EXPECT_EQ(ThrownText([&] { ReadCatalogue(list, Hex(std::string("03 ") + kPeHeader + kPeProfile + kPeProfile)); }),
+              MaterialError(u"Nelze vložit nový profil", 411));
+}
+
+TEST(CatalogueRefusal, EveryTruncationEndsInTheArchiveException) {
+    const Bytes whole = Hex(kWorkedExample);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        CQvxSezMaterialu list;
+        EXPECT_THROW(ReadCatalogue(list, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length))),
+                     CArchiveException)
+            << length;
+    }
+}
+
+void ExpectSameStoredFields(const CQvxMaterial& a, const CQvxMaterial& b) {
+    EXPECT_EQ(a.UniqueName(), b.UniqueName());
+    EXPECT_EQ(a.Description(), b.Description());
+    EXPECT_EQ(a.Manufacturer(), b.Manufacturer());
+    EXPECT_EQ(a.GetDescriptionMode(), b.GetDescriptionMode());
+    EXPECT_EQ(a.OnInnerDiameter(), b.OnInnerDiameter());
+    EXPECT_EQ(a.Prefix(), b.Prefix());
+    EXPECT_EQ(a.Suffix(), b.Suffix());
+    EXPECT_EQ(a.Roughness(), b.Roughness());
+    EXPECT_EQ(a.Medium(), b.Medium());
+    EXPECT_EQ(a.Placement(), b.Placement());
+    EXPECT_EQ(a.PnIndex(), b.PnIndex());
+    EXPECT_EQ(a.SdrIndex(), b.SdrIndex());
+    EXPECT_EQ(a.Shape(), b.Shape());
+    ASSERT_EQ(a.Profiles().size(), b.Profiles().size());
+    for (const auto& [dnIndex, profile] : a.Profiles()) {
+        const CQvxProfil* copy = b.FindProfile(dnIndex);
+        ASSERT_NE(copy, nullptr);
+        EXPECT_EQ(profile->InnerDiameter(), copy->InnerDiameter());
+        EXPECT_EQ(profile->Wall(), copy->Wall());
+        EXPECT_EQ(profile->Width(), copy->Width());
+        EXPECT_EQ(profile->UrsMaterialCode(), copy->UrsMaterialCode());
+        EXPECT_EQ(profile->UrsInstallCode(), copy->UrsInstallCode());
+        EXPECT_EQ(profile->Label(), copy->Label());
+        EXPECT_EQ(profile->ShortLabel(), copy->ShortLabel());
+    }
+}
+
+TEST(CatalogueRoundTrip, LargeRandomCatalogueKeepsEveryStoredField) {
+    CQvxSezMaterialu original;
+    RandomCatalogue(20240601).Fill(original, 400);
+    const Bytes bytes = WriteCatalogue(original);
+
+    CQvxSezMaterialu read;
+    EXPECT_EQ(ReadCatalogue(read, bytes), 0u);
+    ASSERT_EQ(read.Count(), original.Count());
+    int position = 0;
+    for (const auto& [name, material] : original.Materials()) {
+        const CQvxMaterial* copy = read.Find(name);
+        ASSERT_NE(copy, nullptr);
+        ExpectSameStoredFields(*material, *copy);
+        EXPECT_EQ(copy->DisplayName(), material->UniqueName());
+        EXPECT_EQ(copy->FileIndex(), position++);
+    }
+    EXPECT_EQ(WriteCatalogue(read), bytes);
+}
+
+}  // namespace
