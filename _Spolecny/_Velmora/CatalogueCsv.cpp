@@ -21,12 +21,24 @@ constexpr std::size_t kCodeMaxLength = 9;
 constexpr double kOuterDiameterTolerance = 0.01;
 
 enum MaterialColumn {
-    kName, kDescription, kManufacturer, kPlacement, kMedium, kRoughness, kPn, kSdr, kMode, kPrefix, kSuffix,
-    kLabelDiameter, kShape, kMaterialColumnCount
+    kName,
+    kDescription,
+    kManufacturer,
+    kPlacement,
+    kMedium,
+    kRoughness,
+    kPn,
+    kSdr,
+    kMode,
+    kPrefix,
+    kSuffix,
+    kLabelDiameter,
+    kShape,
+    kMaterialColumnCount
 };
 constexpr std::array<std::string_view, kMaterialColumnCount> kMaterialHeaders = {
-    "Název", "Podrobný popis", "Výrobce", "Uložení", "Médium", "Drsnost [mm]", "Tl. třída", "SDr",
-    "Způsob popisu", "Prefix", "Suffix", "Průměr v popisu", "Tvar",
+    "Název", "Podrobný popis", "Výrobce", "Uložení", "Médium",          "Drsnost [mm]", "Tl. třída",
+    "SDr",   "Způsob popisu",  "Prefix",  "Suffix",  "Průměr v popisu", "Tvar",
 };
 
 enum ProfileColumn { kMaterial, kDn, kOuter, kWall, kInner, kWidth, kMaterialCode, kInstallCode, kProfileColumnCount };
@@ -43,16 +55,24 @@ struct SheetSpec {
 constexpr SheetSpec kMaterialsSheet{kMaterialsSheetName, kMaterialHeaders, -1};
 constexpr SheetSpec kProfilesSheet{kProfilesSheetName, kProfileHeaders, kOuter};
 
-std::string Quoted(std::string_view text) { return "„" + std::string(text) + "“"; }
-std::string Quoted(std::u16string_view text) { return Quoted(ToUtf8(text)); }
-std::string Number(std::size_t number) { return std::to_string(number); }
+std::string Quoted(std::string_view text) {
+    return "„" + std::string(text) + "“";
+}
+std::string Quoted(std::u16string_view text) {
+    return Quoted(ToUtf8(text));
+}
+std::string Number(std::size_t number) {
+    return std::to_string(number);
+}
 
 // "1 sloupec", "3 sloupce", "12 sloupců"
 std::string Counted(std::size_t count, std::string_view one, std::string_view few, std::string_view many) {
     return Number(count) + " " + std::string(count == 1 ? one : count >= 2 && count <= 4 ? few : many);
 }
 
-bool IsValidUtf8(const std::string& text) { return ToUtf8(FromUtf8(text)) == text; }
+bool IsValidUtf8(const std::string& text) {
+    return ToUtf8(FromUtf8(text)) == text;
+}
 
 // A data row of a sheet with its fields in the order of the sheet's columns.
 struct SheetRow {
@@ -64,7 +84,8 @@ struct SheetRow {
 
 class ProblemLog {
 public:
-    ProblemLog(std::vector<CatalogueCsvProblem>& problems, std::string_view sheet) : problems_(problems), sheet_(sheet) {}
+    ProblemLog(std::vector<CatalogueCsvProblem>& problems, std::string_view sheet)
+        : problems_(problems), sheet_(sheet) {}
 
     void Add(std::size_t line, std::string message) { problems_.push_back({sheet_, line, std::move(message)}); }
     std::size_t Count() const { return problems_.size(); }
@@ -104,8 +125,8 @@ std::optional<std::vector<int>> MapColumns(const SheetSpec& spec, const CsvRecor
 std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, ProblemLog& log) {
     const CsvDocument document = ParseCsv(text);
     std::vector<SheetRow> rows;
-    auto record = std::find_if(document.records.begin(), document.records.end(),
-                               [](const CsvRecord& r) { return !r.IsBlank(); });
+    auto record =
+        std::find_if(document.records.begin(), document.records.end(), [](const CsvRecord& r) { return !r.IsBlank(); });
     if (record == document.records.end()) {
         if (!document.error) log.Add(1, "List je prázdný, chybí řádek záhlaví.");
     } else if (const auto fieldOf = MapColumns(spec, *record, log)) {
@@ -122,7 +143,8 @@ std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, Pr
                 continue;
             }
             SheetRow row{record->line, {}};
-            for (int field : *fieldOf) row.fields.push_back(field < 0 ? std::string() : record->fields[std::size_t(field)]);
+            for (int field : *fieldOf)
+                row.fields.push_back(field < 0 ? std::string() : record->fields[std::size_t(field)]);
             rows.push_back(std::move(row));
         }
     }
@@ -173,8 +195,8 @@ public:
     int32_t Flags(int column, std::span<const NamedValue> flags) {
         const std::u16string text = FromUtf8(row_[column]);
         if (const auto mask = ParseFlagSet(text, flags)) return *mask;
-        Problem("Neplatná hodnota " + Quoted(text) + " ve sloupci " + Quoted(Header(column)) +
-                "; platné jsou názvy " + ToUtf8(ListNames(flags)) + " spojené znakem +.");
+        Problem("Neplatná hodnota " + Quoted(text) + " ve sloupci " + Quoted(Header(column)) + "; platné jsou názvy " +
+                ToUtf8(ListNames(flags)) + " spojené znakem +.");
         return 0;
     }
 
@@ -238,8 +260,8 @@ void CheckOuterDiameter(RowReader& reader, const CsvProfileRecord& profile) {
     const float given = reader.Decimal(kOuter);
     const double outer = double(profile.innerDiameter) + 2.0 * double(profile.wall);
     if (std::fabs(double(given) - outer) > kOuterDiameterTolerance) {
-        reader.Problem("OD " + FormatCsvNumber(given) + " nesouhlasí s ID + 2 × stěna = " +
-                       FormatOuterDiameter(profile) + ".");
+        reader.Problem("OD " + FormatCsvNumber(given) +
+                       " nesouhlasí s ID + 2 × stěna = " + FormatOuterDiameter(profile) + ".");
     }
 }
 
@@ -252,8 +274,8 @@ public:
         for (const SheetRow& row : ReadSheet(kMaterialsSheet, text, log)) {
             RowReader reader(kMaterialsSheet, row, log);
             CsvMaterialRecord material{ReadMaterialFields(reader), {}};
-            const auto [known, added] = materialByName_.try_emplace(material.fields.uniqueName,
-                                                                    Entry{content_.materials.size(), row.line, {}});
+            const auto [known, added] =
+                materialByName_.try_emplace(material.fields.uniqueName, Entry{content_.materials.size(), row.line, {}});
             if (!added) {
                 reader.Problem("Materiál " + Quoted(material.fields.uniqueName) + " je už na řádku " +
                                Number(known->second.line) + ".");
@@ -343,12 +365,12 @@ std::vector<std::string> MaterialRow(const MaterialExchangeRecord& fields) {
     row[kRoughness] = FormatCsvNumber(static_cast<float>(fields.roughness));
     row[kPn] = writer.NamedOrNone(fields.pnIndex, CsvFieldNames::PnLabels(), kMaterialHeaders[kPn]);
     row[kSdr] = writer.NamedOrNone(fields.sdrIndex, CsvFieldNames::SdrLabels(), kMaterialHeaders[kSdr]);
-    row[kMode] = writer.Named(int32_t(fields.descriptionMode), CsvFieldNames::DescriptionModes(),
-                              kMaterialHeaders[kMode]);
+    row[kMode] =
+        writer.Named(int32_t(fields.descriptionMode), CsvFieldNames::DescriptionModes(), kMaterialHeaders[kMode]);
     row[kPrefix] = ToUtf8(fields.prefix);
     row[kSuffix] = ToUtf8(fields.suffix);
-    row[kLabelDiameter] = writer.Named(fields.onInnerDiameter ? 1 : 0, CsvFieldNames::LabelDiameters(),
-                                       kMaterialHeaders[kLabelDiameter]);
+    row[kLabelDiameter] =
+        writer.Named(fields.onInnerDiameter ? 1 : 0, CsvFieldNames::LabelDiameters(), kMaterialHeaders[kLabelDiameter]);
     row[kShape] = writer.Named(int32_t(fields.shape), CsvFieldNames::Shapes(), kMaterialHeaders[kShape]);
     return row;
 }

@@ -36,7 +36,7 @@ struct CsvProfileRecord {
 // One material and its profiles. Catalogue files do not keep a display name, so the sheets have
 // none: it is the unique name.
 struct CsvMaterialRecord {
-    MaterialExchangeRecord fields;  // roughness as a number; PN and SDR -1 when none is chosen
+    MaterialExchangeRecord fields;           // roughness as a number; PN and SDR -1 when none is chosen
     std::vector<CsvProfileRecord> profiles;  // ascending DN index
 };
 
@@ -50,7 +50,7 @@ struct CatalogueCsvProblem {
 };
 
 struct CatalogueCsvContent {
-    std::vector<CsvMaterialRecord> materials;  // in the order of the materials sheet
+    std::vector<CsvMaterialRecord> materials;   // in the order of the materials sheet
     std::vector<CatalogueCsvProblem> problems;  // every problem found; none when the sheets are valid
 };
 

@@ -57,11 +57,21 @@ std::string_view Trimmed(std::string_view text) {
 }  // namespace
 
 namespace CsvFieldNames {
-std::span<const NamedValue> Placement() { return kPlacement; }
-std::span<const NamedValue> Medium() { return kMedium; }
-std::span<const NamedValue> DescriptionModes() { return kModes; }
-std::span<const NamedValue> LabelDiameters() { return kLabelDiameters; }
-std::span<const NamedValue> Shapes() { return kShapes; }
+std::span<const NamedValue> Placement() {
+    return kPlacement;
+}
+std::span<const NamedValue> Medium() {
+    return kMedium;
+}
+std::span<const NamedValue> DescriptionModes() {
+    return kModes;
+}
+std::span<const NamedValue> LabelDiameters() {
+    return kLabelDiameters;
+}
+std::span<const NamedValue> Shapes() {
+    return kShapes;
+}
 
 std::span<const NamedValue> DnLabels() {
     static const auto labels = RowLabels(DnTable());

@@ -57,9 +57,9 @@ TEST_F(StandardCatalogueData, CoversEveryMediumAndPlacementWithEnoughSizes) {
 // sizes that the editor enforces when a diameter is typed: a profile outside it sits on a wrong row.
 TEST_F(StandardCatalogueData, DiametersFitTheirDnRow) {
     for (const CsvMaterialRecord& material : content.materials) {
-        const bool labelledByInnerSize = material.fields.descriptionMode == DescriptionMode::Dn ||
-                                         (material.fields.descriptionMode == DescriptionMode::Custom &&
-                                          material.fields.onInnerDiameter);
+        const bool labelledByInnerSize =
+            material.fields.descriptionMode == DescriptionMode::Dn ||
+            (material.fields.descriptionMode == DescriptionMode::Custom && material.fields.onInnerDiameter);
         if (!labelledByInnerSize) continue;
         for (const CsvProfileRecord& profile : material.profiles) {
             const int i = profile.dnIndex;

@@ -178,16 +178,15 @@ TEST(CatalogueCsvRead, HeaderAndFileProblems) {
         "Název;Popis;Název;Uložení;Médium;Drsnost [mm];Tl. třída;SDr;Způsob popisu;Prefix;Suffix;;Tvar\n"
         "PE;x;PE;ZTI;Voda;0.01;;;DN;;;;Kruh\n",
         ""};
-    EXPECT_EQ(Described(ReadCatalogueCsv(sheets)),
-              (std::vector<std::string>{
-                  "materialy.csv, řádek 1: Neznámý sloupec „Popis“.",
-                  "materialy.csv, řádek 1: Sloupec „Název“ je v záhlaví dvakrát.",
-                  "materialy.csv, řádek 1: Sloupec č. 12 nemá v záhlaví název.",
-                  "materialy.csv, řádek 1: Chybí sloupec „Podrobný popis“.",
-                  "materialy.csv, řádek 1: Chybí sloupec „Výrobce“.",
-                  "materialy.csv, řádek 1: Chybí sloupec „Průměr v popisu“.",
-                  "profily.csv, řádek 1: List je prázdný, chybí řádek záhlaví.",
-              }));
+    EXPECT_EQ(Described(ReadCatalogueCsv(sheets)), (std::vector<std::string>{
+                                                       "materialy.csv, řádek 1: Neznámý sloupec „Popis“.",
+                                                       "materialy.csv, řádek 1: Sloupec „Název“ je v záhlaví dvakrát.",
+                                                       "materialy.csv, řádek 1: Sloupec č. 12 nemá v záhlaví název.",
+                                                       "materialy.csv, řádek 1: Chybí sloupec „Podrobný popis“.",
+                                                       "materialy.csv, řádek 1: Chybí sloupec „Výrobce“.",
+                                                       "materialy.csv, řádek 1: Chybí sloupec „Průměr v popisu“.",
+                                                       "profily.csv, řádek 1: List je prázdný, chybí řádek záhlaví.",
+                                                   }));
 
     sheets = CanonicalSheets();
     sheets.profiles += "PE100 SDR11;DN 20;25;2.3;20.4;;\"ABC;\n";
