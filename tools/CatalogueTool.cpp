@@ -149,8 +149,8 @@ int Validate(const Invocation& call, std::ostream& out, std::ostream& err) {
     const std::uint64_t used = ReadCatalogueFile(path, list);
     const std::uint64_t size = std::filesystem::file_size(path, ignored);
     if (!ignored && used < size) {
-        throw ToolError("Soubor " + Quoted(path) + " má za koncem katalogu " + std::to_string(size - used) +
-                        " bajtů navíc (od bajtu " + std::to_string(used) + ").");
+        throw ToolError("Soubor " + Quoted(path) + " má za koncem katalogu přebytečné bajty (počet " +
+                        std::to_string(size - used) + ", od bajtu " + std::to_string(used) + ").");
     }
     out << "Soubor " << Quoted(path) << " je v pořádku: " << Counts(list) << ".\n";
     return kExitDone;

@@ -108,7 +108,22 @@ TEST_F(CatalogueTool, ValidateReportsTheByteOfAMalformedCatalogue) {
     WriteBytes("tail.qxp", good + "abc");
     EXPECT_EQ(Run({"validate", In("tail.qxp")}), kExitBadInput);
     EXPECT_EQ(err.str(), "velmora-katalog: Soubor „" + In("tail.qxp") +
-                             "“ má za koncem katalogu 3 bajtů navíc (od bajtu " + std::to_string(good.size()) + ").\n");
+                             "“ má za koncem katalogu přebytečné bajty (počet 3, od bajtu " +
+                             std::to_string(good.size()) + ").\n");
+
+    // One material "PE" holding the profile of DN index 11 twice: the second is refused where it ends.
+    const std::string profile("\x07\x0B\x00\x00\x00\xB4\x42\x00\x00\x20\x41\x00\x00\x00\x00\x00\x00\x00\x00", 19);
+    WriteBytes("twice.qxp",
+               std::string("\x03\x05\x01\x00\x00\x00\x00\x00\xFF\xFE\xFF\x02"
+                           "P\x00"
+                           "E\x00"
+                           "\xFF\xFE\xFF\x00\xFF\xFE\xFF\x00\x0A\xD7\x23\x3C\x1F\x00\x03\x00\x03\x00\x04\x00\x00",
+                           37) +
+                   profile + profile + "\xFF\xFF");
+    EXPECT_EQ(Run({"validate", In("twice.qxp")}), kExitBadInput);
+    EXPECT_EQ(err.str(), "velmora-katalog: Soubor „" + In("twice.qxp") +
+                             "“ nelze načíst: Nelze vložit nový profil, Line 411, _Spolecny\\_Velmora\\CQvxMaterial "
+                             "(bajt 74, 0x4A).\n");
 
     EXPECT_EQ(Run({"print", In("nothing.qxp")}), kExitBadInput);
     EXPECT_EQ(err.str(), "velmora-katalog: Soubor „" + In("nothing.qxp") + "“ nelze přečíst.\n");
