@@ -19,6 +19,7 @@ constexpr std::size_t kManufacturerMaxLength = 25;
 constexpr std::size_t kAffixMaxLength = 3;  // catalogue files keep three characters of a prefix or suffix
 constexpr std::size_t kCodeMaxLength = 9;
 constexpr double kOuterDiameterTolerance = 0.01;
+constexpr std::string_view kNotUtf8 = "Text není v kódování UTF-8 (uložte list jako CSV v UTF-8).";
 
 enum MaterialColumn {
     kName,
@@ -87,7 +88,7 @@ public:
     ProblemLog(std::vector<CatalogueCsvProblem>& problems, std::string_view sheet)
         : problems_(problems), sheet_(sheet) {}
 
-    void Add(std::size_t line, std::string message) { problems_.push_back({sheet_, line, std::move(message)}); }
+    void Add(std::size_t line, std::string_view message) { problems_.push_back({sheet_, line, std::string(message)}); }
     std::size_t Count() const { return problems_.size(); }
 
 private:
@@ -129,6 +130,8 @@ std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, Pr
         std::find_if(document.records.begin(), document.records.end(), [](const CsvRecord& r) { return !r.IsBlank(); });
     if (record == document.records.end()) {
         if (!document.error) log.Add(1, "List je prázdný, chybí řádek záhlaví.");
+    } else if (!std::all_of(record->fields.begin(), record->fields.end(), IsValidUtf8)) {
+        log.Add(record->line, kNotUtf8);  // most likely a spreadsheet's export in the Windows code page
     } else if (const auto fieldOf = MapColumns(spec, *record, log)) {
         const std::size_t width = record->fields.size();
         for (++record; record != document.records.end(); ++record) {
@@ -139,7 +142,7 @@ std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, Pr
                 continue;
             }
             if (!std::all_of(record->fields.begin(), record->fields.end(), IsValidUtf8)) {
-                log.Add(record->line, "Text není v kódování UTF-8 (uložte list jako CSV v UTF-8).");
+                log.Add(record->line, kNotUtf8);
                 continue;
             }
             SheetRow row{record->line, {}};

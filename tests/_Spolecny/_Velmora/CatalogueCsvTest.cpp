@@ -196,6 +196,10 @@ TEST(CatalogueCsvRead, HeaderAndFileProblems) {
                   "materialy.csv, řádek 4: Text není v kódování UTF-8 (uložte list jako CSV v UTF-8).",
                   "profily.csv, řádek 6: Uvozovky otevřené na tomto řádku nejsou uzavřeny.",
               }));
+
+    sheets.profiles = "Materi\xE1l;DN;St\xECna [mm];ID / v\xFD\x9Aka [mm]\n";  // Windows-1250
+    EXPECT_EQ(Described(ReadCatalogueCsv(sheets)).back(),
+              "profily.csv, řádek 1: Text není v kódování UTF-8 (uložte list jako CSV v UTF-8).");
 }
 
 TEST(CatalogueCsvWrite, RefusesValuesTheSheetsCannotName) {
