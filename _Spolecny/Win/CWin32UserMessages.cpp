@@ -1,8 +1,10 @@
 #include "Win/CWin32UserMessages.h"
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 #include "TextCodec.h"
 
@@ -11,6 +13,20 @@ static_assert(sizeof(wchar_t) == sizeof(char16_t), "model text is UTF-16, as wch
 namespace {
 
 const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+
+using TaskDialogFunction = HRESULT(WINAPI*)(HWND, HINSTANCE, PCWSTR, PCWSTR, PCWSTR, TASKDIALOG_COMMON_BUTTON_FLAGS,
+                                             PCWSTR, int*);
+using TaskDialogIndirectFunction = HRESULT(WINAPI*)(const TASKDIALOGCONFIG*, int*, int*, BOOL*);
+
+// Task dialogs exist only in version 6 of the common controls. They are looked up when needed, so
+// that the program still starts (and falls back to message boxes) where that version is missing.
+template <typename Function>
+Function CommonControlsFunction(const char* name) {
+    HMODULE module = LoadLibraryW(L"comctl32.dll");
+    if (module == nullptr) return nullptr;
+    // Through void(*)(): the one function-pointer type every other converts from without a warning.
+    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
+}
 
 }  // namespace
 
@@ -31,4 +47,60 @@ void CWin32UserMessages::ShowFileErrorBox(std::u16string_view text) {
     const std::u16string wideText(text);
     const std::u16string caption(Captions::kUnexpectedException);
     MessageBoxW(GetActiveWindow(), Wide(wideText), Wide(caption), MB_OK | MB_ICONERROR);
+}
+
+void CWin32UserMessages::ShowTaskDialog(std::u16string_view mainInstruction, std::u16string_view content) {
+    const std::u16string title(Captions::kProgram);
+    const std::u16string instruction(mainInstruction);
+    const std::u16string body(content);
+    static const auto taskDialog = CommonControlsFunction<TaskDialogFunction>("TaskDialog");
+    if (taskDialog != nullptr &&
+        SUCCEEDED(taskDialog(GetActiveWindow(), nullptr, Wide(title), Wide(instruction), Wide(body),
+                             TDCBF_OK_BUTTON, TD_ERROR_ICON, nullptr))) {
+        return;
+    }
+    const std::u16string text = instruction + u"\n\n" + body;
+    MessageBoxW(GetActiveWindow(), Wide(text), Wide(title), MB_OK | MB_ICONERROR);
+}
+
+unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
+    static const auto taskDialogIndirect = CommonControlsFunction<TaskDialogIndirectFunction>("TaskDialogIndirect");
+    if (taskDialogIndirect == nullptr) return 0;
+
+    const std::u16string title(Captions::kProgram);
+    const std::u16string instruction(Questions::kOverwrite);
+    const std::u16string name(materialName);
+    const std::vector<TaskDialogButtons::Button> choices = TaskDialogButtons::ButtonsOf(Questions::kOverwriteButtons);
+    std::vector<std::u16string> captions;
+    captions.reserve(choices.size());  // the buttons point into these strings
+    std::vector<TASKDIALOG_BUTTON> buttons;
+    for (const TaskDialogButtons::Button& choice : choices) {
+        captions.emplace_back(choice.caption);
+        buttons.push_back({TaskDialogButtonId(choice.bit), Wide(captions.back())});
+    }
+
+    TASKDIALOGCONFIG config{};
+    config.cbSize = sizeof(config);
+    config.hwndParent = GetActiveWindow();
+    config.dwFlags = 0;  // without TDF_ALLOW_DIALOG_CANCELLATION only the buttons close it
+    config.pszWindowTitle = Wide(title);
+    config.pszMainIcon = TD_WARNING_ICON;
+    config.pszMainInstruction = Wide(instruction);
+    config.pszContent = Wide(name);
+    config.cButtons = static_cast<UINT>(buttons.size());
+    config.pButtons = buttons.data();
+    config.nDefaultButton = buttons.front().nButtonID;
+
+    int pressed = 0;
+    if (FAILED(taskDialogIndirect(&config, &pressed, nullptr, nullptr))) return 0;
+    for (const TaskDialogButtons::Button& choice : choices) {
+        if (pressed == TaskDialogButtonId(choice.bit)) return choice.bit;
+    }
+    return 0;
+}
+
+bool CWin32UserMessages::AskSaveUpdated() {
+    const std::u16string text(Questions::kSaveUpdated);
+    const std::u16string caption(Captions::kSaveUpdated);
+    return MessageBoxW(GetActiveWindow(), Wide(text), Wide(caption), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }

@@ -7,7 +7,8 @@
 #include <thread>
 
 // Waits on a second thread for a message box of this process with the given caption, records
-// what it shows and closes it with OK, so that tests can show real boxes without a person.
+// what it shows and closes it with `answer` (OK unless told), so that tests can show real boxes
+// without a person.
 class MessageBoxWatcher {
 public:
     struct Seen {
@@ -17,7 +18,8 @@ public:
         HWND owner = nullptr;
     };
 
-    explicit MessageBoxWatcher(std::wstring caption) : caption_(std::move(caption)) {
+    explicit MessageBoxWatcher(std::wstring caption, WPARAM answer = IDOK)
+        : caption_(std::move(caption)), answer_(answer) {
         thread_ = std::thread([this] { Watch(); });
     }
     ~MessageBoxWatcher() { Stop(); }
@@ -40,7 +42,7 @@ private:
                 seen_.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0));
                 seen_.owner = GetWindow(box, GW_OWNER);
                 seen_.found = true;
-                PostMessageW(box, WM_COMMAND, IDOK, 0);
+                PostMessageW(box, WM_COMMAND, answer_, 0);
                 return;
             }
             Sleep(20);
@@ -48,6 +50,7 @@ private:
     }
 
     std::wstring caption_;
+    WPARAM answer_;
     Seen seen_;
     std::atomic<bool> stop_{false};
     std::thread thread_;

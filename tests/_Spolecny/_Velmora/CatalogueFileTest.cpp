@@ -82,6 +82,7 @@ TEST(CatalogueWriting, OnlyUsedWritesTheMaterialsAndProfilesInUseAndNumbersThem)
     EXPECT_EQ(MaterialNamed(read, u"B").Profiles().size(), 1u);
     EXPECT_NE(MaterialNamed(read, u"B").FindProfile(5), nullptr);
     EXPECT_TRUE(MaterialNamed(read, u"C").Profiles().empty());
+    list.ClearUsage();  // the slots end with this test
 }
 
 TEST(CatalogueReading, WorkedExampleReadsBack) {
