@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "SeamScope.h"
+
 // Where the program's folder values come from: the Windows registry in production, configuration
 // files for the native tool, a fake in tests. Nothing is ever written through it.
 class CRegistryValues {
@@ -23,14 +25,4 @@ CRegistryValues& RegistryValues();
 // Installs `values` (nullptr: none) and returns the one it replaces.
 CRegistryValues* SetRegistryValues(CRegistryValues* values);
 
-// Installs a source for the lifetime of a scope (a test, the program's run).
-class CRegistryValuesScope {
-public:
-    explicit CRegistryValuesScope(CRegistryValues& values) : previous_(SetRegistryValues(&values)) {}
-    ~CRegistryValuesScope() { SetRegistryValues(previous_); }
-    CRegistryValuesScope(const CRegistryValuesScope&) = delete;
-    CRegistryValuesScope& operator=(const CRegistryValuesScope&) = delete;
-
-private:
-    CRegistryValues* previous_;
-};
+using CRegistryValuesScope = CSeamScope<CRegistryValues, SetRegistryValues>;

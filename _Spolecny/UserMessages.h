@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "SeamScope.h"
 #include "TaskDialogButtons.h"
 
 // The messages the model and the store show to the user. The program installs the window-system
@@ -53,14 +54,4 @@ CUserMessages& UserMessages();
 // Installs `messages` (nullptr: the default) and returns the one it replaces.
 CUserMessages* SetUserMessages(CUserMessages* messages);
 
-// Installs an implementation for the lifetime of a scope (a test, the program's run).
-class CUserMessagesScope {
-public:
-    explicit CUserMessagesScope(CUserMessages& messages) : previous_(SetUserMessages(&messages)) {}
-    ~CUserMessagesScope() { SetUserMessages(previous_); }
-    CUserMessagesScope(const CUserMessagesScope&) = delete;
-    CUserMessagesScope& operator=(const CUserMessagesScope&) = delete;
-
-private:
-    CUserMessages* previous_;
-};
+using CUserMessagesScope = CSeamScope<CUserMessages, SetUserMessages>;
