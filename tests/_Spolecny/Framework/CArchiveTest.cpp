@@ -30,10 +30,6 @@ TEST(ArchivePrimitives, AreLittleEndianWithoutPadding) {
     });
 }
 
-TEST(ArchivePrimitives, Int16FFFFReadsAsMinusOne) {
-    LoadBytes(Hex("FF FF"), [](CArchive& archive) { EXPECT_EQ(archive.ReadInt16(), -1); });
-}
-
 TEST(ArchivePrimitives, ShortReadThrowsWithTheOffsetOfTheField) {
     LoadBytes(Hex("01 02 03 04 05"), [](CArchive& archive) {
         archive.ReadByte();
