@@ -20,7 +20,7 @@ endif()
 
 # Our own targets build warning-free; third-party code (GoogleTest) keeps its own flags.
 function(velmora_target_defaults target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:C,CXX>:-Wall -Wextra -Werror>)
   if(WIN32)
     target_compile_definitions(${target} PRIVATE UNICODE _UNICODE _WIN32_WINNT=0x0A00 WINVER=0x0A00
                                                  NOMINMAX WIN32_LEAN_AND_MEAN)

@@ -32,6 +32,15 @@ wine_bin=$(command -v wine64 || command -v wine)
     wineserver -w || true
     touch "$WINEPREFIX/.velmora-ready"
   fi
+  if [[ ! -f $WINEPREFIX/.velmora-settings ]]; then
+    # Windows the X window manager does not manage: Xvfb has no manager, and Wine would wait two
+    # seconds for one whenever a window is hidden. Wine then draws the frames itself.
+    "$wine_bin" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 || true
+    # Windows' own hot-tracking colour (dialog headings), instead of Wine's pale grey.
+    "$wine_bin" reg add 'HKCU\Control Panel\Colors' /v HotTrackingColor /d '0 102 204' /f >/dev/null 2>&1 || true
+    wineserver -w || true
+    touch "$WINEPREFIX/.velmora-settings"
+  fi
 ) 9>"$build_dir/.wineprefix.lock"
 
 if [[ -z ${DISPLAY:-} ]]; then

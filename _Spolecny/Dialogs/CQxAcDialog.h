@@ -1,0 +1,63 @@
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "Win/Controls.h"
+#include "Win/Dialog.h"
+#include "Win/GdiHandle.h"
+
+// The base of the program's dialogs: a heading at the top with a rule under it, the base font
+// ("Arial", 13 points) and a smaller bold one, balloon tooltips per control, the dialog icon, a
+// minimum size equal to the initial size, and the monitor's scale factor.
+class CQxAcDialog : public CDialog {
+public:
+    struct ToolTipEntry {
+        explicit ToolTipEntry(std::u16string_view tipText) : text(tipText) {}
+        std::u16string text;
+        CToolTipCtrl tooltip;  // its window is made when the dialog opens
+        int maxWidth = 200;    // pixels; 0 leaves the tooltip's own width
+    };
+
+    // `heading` empty: no heading and no rule. `iconId` 0: no icon.
+    CQxAcDialog(UINT templateId, HWND parent, std::u16string heading = {}, WORD iconId = 0);
+    ~CQxAcDialog() override;
+
+    // A balloon tooltip for a control; a second one for the same control keeps the first.
+    // Tooltips added while the dialog is open are attached at once.
+    CToolTipCtrl& AddToolTip(int controlId, std::u16string_view text);
+    const std::map<int, ToolTipEntry>& ToolTips() const { return tooltips_; }
+
+    // Relays every message to every tooltip, then lets the dialog handle it.
+    bool PreTranslateMessage(MSG& message) override;
+
+    const std::u16string& Heading() const { return heading_; }
+    HFONT BaseFont() const { return baseFont_.Get(); }
+    HFONT BoldFont() const { return boldFont_.Get(); }
+    float Scale() const { return scale_; }
+    SIZE InitialSize() const { return {initialWidth_, initialHeight_}; }
+
+protected:
+    BOOL OnInitDialog() override;
+    bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+private:
+    void AttachToolTip(int controlId, ToolTipEntry& entry);
+    void Paint(HDC dc);
+
+    std::map<int, ToolTipEntry> tooltips_;
+    CFontHandle boldFont_;
+    CFontHandle baseFont_;
+    std::u16string heading_;
+    HICON icon_ = nullptr;
+    int initialWidth_ = 0;
+    int initialHeight_ = 0;
+    WORD iconId_;
+    float scale_ = 1.0f;
+};
+
+// The pixel density of the monitor nearest to `window` over 96; 1.0 when it cannot be read.
+float ReadMonitorScale(HWND window);
