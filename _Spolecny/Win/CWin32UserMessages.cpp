@@ -14,20 +14,6 @@ namespace {
 
 const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 
-using TaskDialogFunction = HRESULT(WINAPI*)(HWND, HINSTANCE, PCWSTR, PCWSTR, PCWSTR, TASKDIALOG_COMMON_BUTTON_FLAGS,
-                                             PCWSTR, int*);
-using TaskDialogIndirectFunction = HRESULT(WINAPI*)(const TASKDIALOGCONFIG*, int*, int*, BOOL*);
-
-// Task dialogs exist only in version 6 of the common controls. They are looked up when needed, so
-// that the program still starts (and falls back to message boxes) where that version is missing.
-template <typename Function>
-Function CommonControlsFunction(const char* name) {
-    HMODULE module = LoadLibraryW(L"comctl32.dll");
-    if (module == nullptr) return nullptr;
-    // Through void(*)(): the one function-pointer type every other converts from without a warning.
-    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-}
-
 }  // namespace
 
 void CWin32UserMessages::ShowExceptionBox(std::string_view textWindows1250) {
@@ -53,20 +39,11 @@ void CWin32UserMessages::ShowTaskDialog(std::u16string_view mainInstruction, std
     const std::u16string title(Captions::kProgram);
     const std::u16string instruction(mainInstruction);
     const std::u16string body(content);
-    static const auto taskDialog = CommonControlsFunction<TaskDialogFunction>("TaskDialog");
-    if (taskDialog != nullptr &&
-        SUCCEEDED(taskDialog(GetActiveWindow(), nullptr, Wide(title), Wide(instruction), Wide(body),
-                             TDCBF_OK_BUTTON, TD_ERROR_ICON, nullptr))) {
-        return;
-    }
-    const std::u16string text = instruction + u"\n\n" + body;
-    MessageBoxW(GetActiveWindow(), Wide(text), Wide(title), MB_OK | MB_ICONERROR);
+    TaskDialog(GetActiveWindow(), nullptr, Wide(title), Wide(instruction), Wide(body), TDCBF_OK_BUTTON, TD_ERROR_ICON,
+               nullptr);
 }
 
 unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
-    static const auto taskDialogIndirect = CommonControlsFunction<TaskDialogIndirectFunction>("TaskDialogIndirect");
-    if (taskDialogIndirect == nullptr) return 0;
-
     const std::u16string title(Captions::kProgram);
     const std::u16string instruction(Questions::kOverwrite);
     const std::u16string name(materialName);
@@ -92,7 +69,7 @@ unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
     config.nDefaultButton = buttons.front().nButtonID;
 
     int pressed = 0;
-    if (FAILED(taskDialogIndirect(&config, &pressed, nullptr, nullptr))) return 0;
+    if (FAILED(TaskDialogIndirect(&config, &pressed, nullptr, nullptr))) return 0;  // not shown
     for (const TaskDialogButtons::Button& choice : choices) {
         if (pressed == TaskDialogButtonId(choice.bit)) return choice.bit;
     }
