@@ -66,6 +66,7 @@ std::u16string CQvxRegistry::ProgramFolder(int kind, bool create) {
     std::u16string folder = ReadPath(kind) + std::u16string(kProgramFolderName);
     folder.push_back(kSeparator);
     if (!create || IsDirectory(folder)) return folder;
-    if (!MakeDirectory(folder)) throw CQvxException(u"Adresář nelze založit", kLineCannotCreate, SourceModule::kRegistry);
+    if (!MakeDirectory(folder))
+        throw CQvxException(u"Adresář nelze založit", kLineCannotCreate, SourceModule::kRegistry);
     return folder;
 }

@@ -9,7 +9,7 @@ class CQvxRegistry {
 public:
     // Path kinds, as callers pass them; each names one registry value.
     enum PathKind {
-        kNull = 0,               // placeholder row, never used
+        kNull = 0,  // placeholder row, never used
         kInstallPath = 1,
         kDataPath = 2,
         kCommonInstallPath = 3,  // folder of the standard catalogue

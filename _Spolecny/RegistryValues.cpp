@@ -14,7 +14,9 @@ CRegistryValues* g_installed = nullptr;
 
 }  // namespace
 
-CRegistryValues& RegistryValues() { return g_installed ? *g_installed : g_noValues; }
+CRegistryValues& RegistryValues() {
+    return g_installed ? *g_installed : g_noValues;
+}
 
 CRegistryValues* SetRegistryValues(CRegistryValues* values) {
     CRegistryValues* previous = g_installed;

@@ -103,7 +103,9 @@ void CFile::Write(const void* buffer, std::size_t count) {
     if (std::fwrite(buffer, 1, count, stream_) != count) ThrowFileException();
 }
 
-void CFile::ThrowFileException() const { throw CFileException(CauseOf(errno), path_); }
+void CFile::ThrowFileException() const {
+    throw CFileException(CauseOf(errno), path_);
+}
 
 std::size_t CMemFile::Read(void* buffer, std::size_t count) {
     const std::size_t available = std::min(count, bytes_.size() - readPosition_);

@@ -28,7 +28,9 @@ std::uint32_t OverwriteAnswer(unsigned button) {
 
 CQvxSezMaterialu::CQvxSezMaterialu() = default;
 
-CQvxSezMaterialu::~CQvxSezMaterialu() { Clear(false); }
+CQvxSezMaterialu::~CQvxSezMaterialu() {
+    Clear(false);
+}
 
 void CQvxSezMaterialu::Clear(bool keepUsed) {
     for (auto& [name, material] : materials_) {
@@ -154,8 +156,9 @@ void CQvxSezMaterialu::Load(CArchive& archive, bool onlyUsed) {
 }
 
 bool CQvxSezMaterialu::Merge(CQvxMaterial& existing, const CQvxMaterial& incoming) {
-    const std::uint32_t answer =
-        rememberedAnswer_ != 0 ? rememberedAnswer_ : OverwriteAnswer(UserMessages().AskOverwrite(incoming.UniqueName()));
+    const std::uint32_t answer = rememberedAnswer_ != 0
+                                     ? rememberedAnswer_
+                                     : OverwriteAnswer(UserMessages().AskOverwrite(incoming.UniqueName()));
     existing.AddMissingProfiles(incoming);
     const bool overwrite = (answer & TaskDialogButtons::kYes) != 0;
     if (overwrite) existing.OverwriteFieldsFrom(incoming);

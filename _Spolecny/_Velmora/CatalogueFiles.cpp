@@ -15,7 +15,9 @@ namespace {
 constexpr std::u16string_view kUserCatalogue = u"Potrubi.qxp";
 constexpr std::u16string_view kStandardCatalogue = u"Potrubi_std.qxp";
 
-std::u16string CannotOpen(const std::u16string& path) { return u"Nelze otevřít soubor:\n" + path; }
+std::u16string CannotOpen(const std::u16string& path) {
+    return u"Nelze otevřít soubor:\n" + path;
+}
 
 }  // namespace
 

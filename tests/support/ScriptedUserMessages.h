@@ -28,8 +28,8 @@ public:
         shown.push_back({std::u16string(Captions::kProgram), std::u16string(mainInstruction), std::u16string(content)});
     }
     unsigned AskOverwrite(std::u16string_view materialName) override {
-        shown.push_back({std::u16string(Captions::kProgram), std::u16string(Questions::kOverwrite),
-                         std::u16string(materialName)});
+        shown.push_back(
+            {std::u16string(Captions::kProgram), std::u16string(Questions::kOverwrite), std::u16string(materialName)});
         return Next(overwriteAnswers, 0u);
     }
     bool AskSaveUpdated() override {

@@ -192,7 +192,7 @@ TEST_F(CatalogueMerge, YesOverwritesTheFieldsAndOffersToSave) {
     ReadCatalogue(list, WriteCatalogue(file));
 
     EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // taken over
-    EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                           // existing profile kept
+    EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                          // existing profile kept
     EXPECT_EQ(MaterialNamed(list, u"PVC").Roughness(), 1.5f);           // "Ne"
     ASSERT_EQ(messages.shown.size(), 3u);
     EXPECT_EQ(messages.shown[2].caption, u"Uložit materiály?");
