@@ -93,7 +93,9 @@ std::array<std::uint8_t, N> CArchive::ReadBytes() {
     return bytes;
 }
 
-void CArchive::WriteByte(std::uint8_t value) { WriteBytes(&value, 1); }
+void CArchive::WriteByte(std::uint8_t value) {
+    WriteBytes(&value, 1);
+}
 
 void CArchive::WriteUInt16(std::uint16_t value) {
     std::uint8_t bytes[2];
@@ -113,7 +115,9 @@ void CArchive::WriteUInt64(std::uint64_t value) {
     WriteBytes(bytes, sizeof bytes);
 }
 
-void CArchive::WriteFloat(float value) { WriteUInt32(std::bit_cast<std::uint32_t>(value)); }
+void CArchive::WriteFloat(float value) {
+    WriteUInt32(std::bit_cast<std::uint32_t>(value));
+}
 
 void CArchive::WriteString(std::u16string_view text) {
     WriteByte(kLengthEscape8);
@@ -141,15 +145,25 @@ void CArchive::WriteStringLength(std::uint64_t length) {
     WriteUInt64(length);
 }
 
-std::uint8_t CArchive::ReadByte() { return ReadBytes<1>()[0]; }
+std::uint8_t CArchive::ReadByte() {
+    return ReadBytes<1>()[0];
+}
 
-std::uint16_t CArchive::ReadUInt16() { return FromLittleEndian<std::uint16_t>(ReadBytes<2>().data()); }
+std::uint16_t CArchive::ReadUInt16() {
+    return FromLittleEndian<std::uint16_t>(ReadBytes<2>().data());
+}
 
-std::uint32_t CArchive::ReadUInt32() { return FromLittleEndian<std::uint32_t>(ReadBytes<4>().data()); }
+std::uint32_t CArchive::ReadUInt32() {
+    return FromLittleEndian<std::uint32_t>(ReadBytes<4>().data());
+}
 
-std::uint64_t CArchive::ReadUInt64() { return FromLittleEndian<std::uint64_t>(ReadBytes<8>().data()); }
+std::uint64_t CArchive::ReadUInt64() {
+    return FromLittleEndian<std::uint64_t>(ReadBytes<8>().data());
+}
 
-float CArchive::ReadFloat() { return std::bit_cast<float>(ReadUInt32()); }
+float CArchive::ReadFloat() {
+    return std::bit_cast<float>(ReadUInt32());
+}
 
 void CArchive::Skip(std::uint64_t count) {
     RequireBytesLeft(count);

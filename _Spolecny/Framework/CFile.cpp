@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #include "TextCodec.h"
 
@@ -62,6 +64,9 @@ bool CFile::Open(std::u16string_view path, unsigned flags) {
     if (flags == modeRead) mode = "rb";
     if (flags == (modeCreate | modeWrite)) mode = "wb";
     if (mode == nullptr) return false;
+    // A folder is no file, though some C runtimes open one for reading.
+    std::error_code error;
+    if (std::filesystem::is_directory(std::filesystem::path(std::u16string(path)), error)) return false;
 
     std::FILE* stream = OpenStream(path, mode);
     if (stream == nullptr) return false;
@@ -98,7 +103,9 @@ void CFile::Write(const void* buffer, std::size_t count) {
     if (std::fwrite(buffer, 1, count, stream_) != count) ThrowFileException();
 }
 
-void CFile::ThrowFileException() const { throw CFileException(CauseOf(errno), path_); }
+void CFile::ThrowFileException() const {
+    throw CFileException(CauseOf(errno), path_);
+}
 
 std::size_t CMemFile::Read(void* buffer, std::size_t count) {
     const std::size_t available = std::min(count, bytes_.size() - readPosition_);

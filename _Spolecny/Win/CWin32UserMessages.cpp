@@ -1,8 +1,10 @@
 #include "Win/CWin32UserMessages.h"
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 #include "TextCodec.h"
 
@@ -31,4 +33,51 @@ void CWin32UserMessages::ShowFileErrorBox(std::u16string_view text) {
     const std::u16string wideText(text);
     const std::u16string caption(Captions::kUnexpectedException);
     MessageBoxW(GetActiveWindow(), Wide(wideText), Wide(caption), MB_OK | MB_ICONERROR);
+}
+
+void CWin32UserMessages::ShowTaskDialog(std::u16string_view mainInstruction, std::u16string_view content) {
+    const std::u16string title(Captions::kProgram);
+    const std::u16string instruction(mainInstruction);
+    const std::u16string body(content);
+    TaskDialog(GetActiveWindow(), nullptr, Wide(title), Wide(instruction), Wide(body), TDCBF_OK_BUTTON, TD_ERROR_ICON,
+               nullptr);
+}
+
+unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
+    const std::u16string title(Captions::kProgram);
+    const std::u16string instruction(Questions::kOverwrite);
+    const std::u16string name(materialName);
+    const std::vector<TaskDialogButtons::Button> choices = TaskDialogButtons::ButtonsOf(Questions::kOverwriteButtons);
+    std::vector<std::u16string> captions;
+    captions.reserve(choices.size());  // the buttons point into these strings
+    std::vector<TASKDIALOG_BUTTON> buttons;
+    for (const TaskDialogButtons::Button& choice : choices) {
+        captions.emplace_back(choice.caption);
+        buttons.push_back({TaskDialogButtonId(choice.bit), Wide(captions.back())});
+    }
+
+    TASKDIALOGCONFIG config{};
+    config.cbSize = sizeof(config);
+    config.hwndParent = GetActiveWindow();
+    config.dwFlags = 0;  // without TDF_ALLOW_DIALOG_CANCELLATION only the buttons close it
+    config.pszWindowTitle = Wide(title);
+    config.pszMainIcon = TD_WARNING_ICON;
+    config.pszMainInstruction = Wide(instruction);
+    config.pszContent = Wide(name);
+    config.cButtons = static_cast<UINT>(buttons.size());
+    config.pButtons = buttons.data();
+    config.nDefaultButton = buttons.front().nButtonID;
+
+    int pressed = 0;
+    if (FAILED(TaskDialogIndirect(&config, &pressed, nullptr, nullptr))) return 0;  // not shown
+    for (const TaskDialogButtons::Button& choice : choices) {
+        if (pressed == TaskDialogButtonId(choice.bit)) return choice.bit;
+    }
+    return 0;
+}
+
+bool CWin32UserMessages::AskSaveUpdated() {
+    const std::u16string text(Questions::kSaveUpdated);
+    const std::u16string caption(Captions::kSaveUpdated);
+    return MessageBoxW(GetActiveWindow(), Wide(text), Wide(caption), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }

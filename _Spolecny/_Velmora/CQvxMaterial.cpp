@@ -55,6 +55,13 @@ double ParseLeadingNumber(std::u16string_view text) {
     return negative ? -value : value;
 }
 
+// Same DN-independent measures of two profiles: diameters within 0.001, walls within 0.0001 (as
+// doubles) and the same material code.
+bool SameDimensionsAndCode(const CQvxProfil& a, const CQvxProfil& b) {
+    return std::fabs(double(a.InnerDiameter()) - double(b.InnerDiameter())) < 0.001 &&
+           std::fabs(double(a.Wall()) - double(b.Wall())) < 0.0001 && a.UrsMaterialCode() == b.UrsMaterialCode();
+}
+
 }  // namespace
 
 CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner) : owner_(owner) {}
@@ -186,15 +193,39 @@ bool CQvxMaterial::IsEqual(const CQvxMaterial& other) const {
         return false;
     }
     for (auto mine = profiles_.begin(), theirs = other.profiles_.begin(); mine != profiles_.end(); ++mine, ++theirs) {
-        const CQvxProfil& a = *mine->second;
-        const CQvxProfil& b = *theirs->second;
-        if (a.DnIndex() != b.DnIndex() ||
-            std::fabs(double(a.InnerDiameter()) - double(b.InnerDiameter())) >= 0.001 ||
-            std::fabs(double(a.Wall()) - double(b.Wall())) >= 0.0001 || a.UrsMaterialCode() != b.UrsMaterialCode()) {
-            return false;
-        }
+        if (mine->first != theirs->first || !SameDimensionsAndCode(*mine->second, *theirs->second)) return false;
     }
     return true;
+}
+
+bool CQvxMaterial::Covers(const CQvxMaterial& other) const {
+    if (uniqueName_ != other.uniqueName_ || description_ != other.description_ ||
+        manufacturer_ != other.manufacturer_ || profiles_.size() < other.profiles_.size()) {
+        return false;
+    }
+    for (const auto& [dnIndex, theirs] : other.profiles_) {
+        const CQvxProfil* mine = FindProfile(dnIndex);
+        if (mine == nullptr || !SameDimensionsAndCode(*mine, *theirs)) return false;
+    }
+    return true;
+}
+
+void CQvxMaterial::OverwriteFieldsFrom(const CQvxMaterial& source) {
+    descriptionMode_ = source.descriptionMode_;
+    prefix_ = source.prefix_;
+    suffix_ = source.suffix_;
+    onInnerDiameter_ = source.onInnerDiameter_;
+    displayName_ = source.displayName_;
+    description_ = source.description_;
+    manufacturer_ = source.manufacturer_;
+    roughness_ = source.roughness_;
+    medium_ = source.medium_;
+    placement_ = source.placement_;
+    pnIndex_ = source.pnIndex_;
+    sdrIndex_ = source.sdrIndex_;
+    shape_ = source.shape_;
+    RebuildAllLabels();
+    MarkChanged();
 }
 
 void CQvxMaterial::SetClassIndexes(int32_t pnIndex, int32_t sdrIndex) {

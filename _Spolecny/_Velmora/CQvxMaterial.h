@@ -49,6 +49,13 @@ public:
     // Same names, manufacturer, DN indexes, diameters (within 0.001), walls (within 0.0001) and
     // material codes. Masks, roughness, classes and label rules do not take part.
     bool IsEqual(const CQvxMaterial& other) const;
+    // This material covers `other`: same unique name, description and manufacturer, and a profile
+    // of the same DN index, diameter, wall and material code for every profile of `other`.
+    bool Covers(const CQvxMaterial& other) const;
+    // Takes the descriptive fields of `source`: label rules, display name, description,
+    // manufacturer, roughness, masks, PN, SDR and shape. Name, profiles, file index, owner and
+    // users stay; the labels follow the new rules.
+    void OverwriteFieldsFrom(const CQvxMaterial& source);
 
     // Writes the material record (with onlyUsed, only the profiles in use), or reads a record of any
     // known version. Reading the end marker of the list sets the file index to -1.
@@ -79,6 +86,8 @@ public:
     const ProfileMap& Profiles() const { return profiles_; }
     CQvxProfil* FindProfile(int dnIndex) const;
     CQvxSezMaterialu* Owner() const { return owner_; }
+    // For a material its list lets go of while its users keep it: changes no longer reach the list.
+    void DetachFromList() { owner_ = nullptr; }
     CQvxUsers<CQvxMaterial>& Users() { return users_; }
     const CQvxUsers<CQvxMaterial>& Users() const { return users_; }
 

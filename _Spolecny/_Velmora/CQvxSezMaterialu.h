@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -12,8 +13,8 @@
 class CQvxMaterial;
 
 // The catalogue in memory: materials keyed by unique name, ordered by plain comparison of UTF-16
-// code units (case-sensitive). Materials and profiles clear its `unchanged` flag whenever they
-// change; a completed read or save sets it again.
+// code units (case-sensitive, no folding). The list owns its materials. Materials and profiles
+// clear its `unchanged` flag whenever they change; a completed read or save sets it again.
 class CQvxSezMaterialu : public CObject {
 public:
     using MaterialMap = std::map<std::u16string, std::unique_ptr<CQvxMaterial>, std::less<>>;
@@ -24,15 +25,37 @@ public:
     const MaterialMap& Materials() const { return materials_; }
     std::size_t Count() const { return materials_.size(); }
 
+    // Deletes the materials; with keepUsed, materials in use are only let go of (their users keep
+    // them). The list ends empty and unchanged.
+    void Clear(bool keepUsed);
+    // Deep copy of `source` (materials, profiles, users, the unchanged flag); nothing for itself.
+    CQvxSezMaterialu& AssignFrom(const CQvxSezMaterialu& source);
     // Unique insertion under `name`. Takes `material` only when the name is new; otherwise returns
     // the material already held, with false, and leaves `material` with the caller.
     std::pair<CQvxMaterial*, bool> Insert(std::u16string_view name, std::unique_ptr<CQvxMaterial>& material);
     CQvxMaterial* Find(std::u16string_view name) const;
+    // Re-keys a material of this list under `newName`; false when another material holds the name.
+    bool RenameMaterial(std::u16string_view newName, CQvxMaterial& material);
+    // Deletes the material of `name`; false (and nothing changes) when there is none or it is used.
+    bool RemoveMaterial(std::u16string_view name);
+    void ResetFileIndices();
+    // Empties the users of every material and every profile.
+    void ClearUsage();
 
     // Writes the list (with onlyUsed, only the materials in use, numbered as they are written), or
-    // reads a catalogue stream into it without emptying it first.
+    // reads a catalogue stream into it without emptying it first: a material of a name already
+    // held is merged, asking the user whether to overwrite it (see Load).
     using CObject::Serialize;
     virtual void Serialize(CArchive& archive, bool onlyUsed);
+
+    // Reads the user's catalogue, or the standard one (and then the list counts as changed). When
+    // the user's catalogue cannot be opened the standard one is read instead and saved at once as
+    // the user's. Reports every failure itself except a malformed file, whose CArchiveException
+    // passes to the caller. True when a file was read.
+    bool LoadCatalogue(bool standard);
+    // Writes the user's catalogue, creating its folder; an empty list writes nothing. Reports every
+    // failure itself. True when saved or nothing was to be saved.
+    bool SaveCatalogue();
 
     bool IsUnchanged() const { return unchanged_; }
     void SetUnchanged(bool unchanged) { unchanged_ = unchanged; }
@@ -41,7 +64,14 @@ public:
 private:
     void Store(CArchive& archive, bool onlyUsed);
     void Load(CArchive& archive, bool onlyUsed);
+    // Merges a material read from a stream into the one of the same name; true when its fields were
+    // overwritten.
+    bool Merge(CQvxMaterial& existing, const CQvxMaterial& incoming);
+    bool ReadCatalogueFile(bool standard);
+    bool WriteCatalogueFile();
 
     MaterialMap materials_;
     bool unchanged_ = true;
+    // The overwrite answer the user gave for every remaining conflict of the current read; 0 if none.
+    std::uint32_t rememberedAnswer_ = 0;
 };

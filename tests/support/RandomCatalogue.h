@@ -65,7 +65,8 @@ private:
 
     // Mostly Czech letters, now and then any non-zero UTF-16 unit.
     std::u16string Text(int minLength, int maxLength) {
-        static constexpr std::u16string_view kLetters = u"abcdefghijklmnopqrstuvwxyzPEKGáčďéěíňóřšťúůýžČŘŠŽ -.0123456789";
+        static constexpr std::u16string_view kLetters =
+            u"abcdefghijklmnopqrstuvwxyzPEKGáčďéěíňóřšťúůýžČŘŠŽ -.0123456789";
         std::u16string text(static_cast<std::size_t>(Number(minLength, maxLength)), u' ');
         for (char16_t& unit : text) {
             unit = Number(0, 15) == 0 ? static_cast<char16_t>(Number(1, 0xFFFF))

@@ -4,6 +4,7 @@
 
 #include "CQvxFunkce.h"
 #include "win/MessageBoxWatcher.h"
+#include "win/TaskDialogWatcher.h"
 
 namespace {
 
@@ -45,6 +46,45 @@ TEST(CWin32UserMessages, EmptyExceptionTextShowsNoBox) {
     ShowException(Silent());  // would block here if a box were shown
     Sleep(200);
     EXPECT_FALSE(watcher.Stop().found);
+}
+
+TEST(CWin32UserMessages, TaskDialogShowsInstructionAndContent) {
+    CWin32UserMessages messages;
+    TaskDialogWatcher watcher(L"Materiály potrubí", IDOK);
+    messages.ShowTaskDialog(u"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp", u"Bude načten standardní soubor");
+    const TaskDialogWatcher::Seen& seen = watcher.Stop();
+    ASSERT_TRUE(seen.found);
+    EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp"));
+    EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
+}
+
+TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
+    CWin32UserMessages messages;
+    for (const unsigned bit : {TaskDialogButtons::kYes, TaskDialogButtons::kNo, TaskDialogButtons::kYesToAll,
+                               TaskDialogButtons::kNoToAll}) {
+        TaskDialogWatcher watcher(L"Materiály potrubí", CWin32UserMessages::TaskDialogButtonId(bit));
+        EXPECT_EQ(messages.AskOverwrite(u"PE 100 SDR 11"), bit);
+        const TaskDialogWatcher::Seen& seen = watcher.Stop();
+        ASSERT_TRUE(seen.found);
+        EXPECT_TRUE(seen.Shows(L"Tento materiál již existuje, přepsat standardním?"));
+        EXPECT_TRUE(seen.Shows(L"PE 100 SDR 11"));
+        for (const wchar_t* caption : {L"Ano", L"Ne", L"Ano všem", L"Ne všem"}) EXPECT_TRUE(seen.Shows(caption));
+        EXPECT_FALSE(seen.Shows(L"Zrušit"));
+    }
+}
+
+TEST(CWin32UserMessages, SaveQuestionIsAYesNoBox) {
+    CWin32UserMessages messages;
+    MessageBoxWatcher yes(L"Uložit materiály?", IDYES);
+    EXPECT_TRUE(messages.AskSaveUpdated());
+    const MessageBoxWatcher::Seen& seen = yes.Stop();
+    ASSERT_TRUE(seen.found);
+    EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
+    EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
+
+    MessageBoxWatcher no(L"Uložit materiály?", IDNO);
+    EXPECT_FALSE(messages.AskSaveUpdated());
+    EXPECT_TRUE(no.Stop().found);
 }
 
 }  // namespace

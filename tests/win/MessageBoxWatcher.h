@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include <atomic>
 #include <string>
-#include <thread>
 
-// Waits on a second thread for a message box of this process with the given caption, records
-// what it shows and closes it with OK, so that tests can show real boxes without a person.
+#include "win/DialogWatcher.h"
+
+// Answers a message box of this process with the given caption with `answer` (OK unless told),
+// recording what it shows.
 class MessageBoxWatcher {
 public:
     struct Seen {
@@ -17,38 +17,23 @@ public:
         HWND owner = nullptr;
     };
 
-    explicit MessageBoxWatcher(std::wstring caption) : caption_(std::move(caption)) {
-        thread_ = std::thread([this] { Watch(); });
-    }
-    ~MessageBoxWatcher() { Stop(); }
+    explicit MessageBoxWatcher(std::wstring caption, WPARAM answer = IDOK)
+        : watcher_(std::move(caption), [this, answer](HWND box) {
+              wchar_t text[1024] = {};
+              GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
+              seen_.text = text;
+              seen_.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0));
+              seen_.owner = GetWindow(box, GW_OWNER);
+              PostMessageW(box, WM_COMMAND, answer, 0);
+          }) {}
 
     // Stops watching (a box shown later is not answered) and returns what was seen.
     const Seen& Stop() {
-        stop_ = true;
-        if (thread_.joinable()) thread_.join();
+        seen_.found = watcher_.Stop();
         return seen_;
     }
 
 private:
-    void Watch() {
-        for (int attempt = 0; attempt < 500 && !stop_; ++attempt) {
-            HWND box = FindWindowW(L"#32770", caption_.c_str());
-            if (box != nullptr && GetWindowThreadProcessId(box, nullptr) != GetCurrentThreadId()) {
-                wchar_t text[1024] = {};
-                GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
-                seen_.text = text;
-                seen_.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0));
-                seen_.owner = GetWindow(box, GW_OWNER);
-                seen_.found = true;
-                PostMessageW(box, WM_COMMAND, IDOK, 0);
-                return;
-            }
-            Sleep(20);
-        }
-    }
-
-    std::wstring caption_;
     Seen seen_;
-    std::atomic<bool> stop_{false};
-    std::thread thread_;
+    DialogWatcher watcher_;  // last: its thread may fill seen_ at once
 };

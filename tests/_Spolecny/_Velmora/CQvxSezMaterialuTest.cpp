@@ -1,0 +1,238 @@
+#include "_Velmora/CQvxSezMaterialu.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "_Velmora/CQvxMaterial.h"
+#include "support/CatalogueBuilding.h"
+#include "support/ScriptedUserMessages.h"
+
+namespace {
+
+std::vector<std::u16string> NamesOf(const CQvxSezMaterialu& list) {
+    std::vector<std::u16string> names;
+    for (const auto& [name, material] : list.Materials()) names.push_back(name);
+    return names;
+}
+
+void SetRoughness(CQvxMaterial& material, double roughness) {
+    MaterialExchangeRecord record = material.MakeExchangeRecord();
+    record.roughness = roughness;
+    record.pnIndex = record.sdrIndex = 0;
+    material.ApplyExchangeRecord(record);
+}
+
+TEST(MaterialList, OrdersNamesByCodeUnitsCaseSensitively) {
+    CQvxSezMaterialu list;
+    for (const char16_t* name : {u"pe", u"Čedič", u"PE", u"Zinek", u"PVC"}) AddMaterial(list, name);
+    EXPECT_EQ(NamesOf(list), (std::vector<std::u16string>{u"PE", u"PVC", u"Zinek", u"pe", u"Čedič"}));
+    EXPECT_NE(list.Find(u"pe"), list.Find(u"PE"));
+    EXPECT_EQ(list.Find(u"Pe"), nullptr);
+
+    auto duplicate = std::make_unique<CQvxMaterial>(&list, u"PE", 0, 0);
+    const auto [held, inserted] = list.Insert(u"PE", duplicate);
+    EXPECT_FALSE(inserted);
+    EXPECT_EQ(held, list.Find(u"PE"));
+    EXPECT_NE(duplicate, nullptr);  // still the caller's
+}
+
+TEST(MaterialList, ClearKeepingUsedLetsUsedMaterialsLive) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& used = AddMaterial(list, u"A");
+    AddMaterial(list, u"B");
+    CQvxMaterial* slot = &used;
+    used.Users().Register(&slot);
+    list.MarkChanged();
+
+    list.Clear(true);
+    EXPECT_EQ(list.Count(), 0u);
+    EXPECT_TRUE(list.IsUnchanged());
+    ASSERT_EQ(slot, &used);
+    used.AddProfile(3);  // no longer reaches the list
+    EXPECT_TRUE(list.IsUnchanged());
+    delete slot;  // what the last user does
+    EXPECT_EQ(slot, nullptr);
+}
+
+TEST(MaterialList, AssignFromCopiesDeeplyWithUsersAndTheUnchangedFlag) {
+    CQvxSezMaterialu source;
+    CQvxMaterial& pe = AddMaterial(source, u"PE");
+    pe.AddProfile(11)->SetUrsMaterialCode(u"M1");
+    CQvxMaterial* slot = &pe;
+    pe.Users().Register(&slot);
+    source.SetUnchanged(true);
+
+    CQvxSezMaterialu copy;
+    AddMaterial(copy, u"Stará");
+    copy.AssignFrom(source);
+    EXPECT_EQ(NamesOf(copy), std::vector<std::u16string>{u"PE"});
+    const CQvxMaterial& copied = MaterialNamed(copy, u"PE");
+    EXPECT_NE(&copied, &pe);
+    EXPECT_EQ(copied.Owner(), &copy);
+    EXPECT_EQ(ProfileAt(copied, 11).UrsMaterialCode(), u"M1");
+    EXPECT_EQ(copied.Users().Count(), 1u);
+    EXPECT_TRUE(copy.IsUnchanged());
+
+    copy.AssignFrom(copy);
+    EXPECT_EQ(copy.Count(), 1u);
+    copy.ClearUsage();  // the slot belongs to the source's material
+    pe.Users().Unregister(&slot);
+}
+
+TEST(MaterialList, RenameRefusesAnotherMaterialsNameAndCountsOwnNameAsChange) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& a = AddMaterial(list, u"A");
+    AddMaterial(list, u"B");
+    list.SetUnchanged(true);
+
+    EXPECT_FALSE(list.RenameMaterial(u"B", a));
+    EXPECT_EQ(NamesOf(list), (std::vector<std::u16string>{u"A", u"B"}));
+    EXPECT_TRUE(list.IsUnchanged());
+
+    EXPECT_TRUE(list.RenameMaterial(u"A", a));
+    EXPECT_FALSE(list.IsUnchanged());
+    EXPECT_TRUE(list.RenameMaterial(u"C", a));
+    EXPECT_EQ(NamesOf(list), (std::vector<std::u16string>{u"B", u"C"}));
+    EXPECT_EQ(a.UniqueName(), u"C");
+    EXPECT_EQ(list.Find(u"C"), &a);
+}
+
+TEST(MaterialList, RemoveRefusesUsedAndUnknownMaterials) {
+    CQvxSezMaterialu list;
+    CQvxMaterial& used = AddMaterial(list, u"A");
+    CQvxProfil* profileSlot = used.AddProfile(2);
+    used.FindProfile(2)->Users().Register(&profileSlot);
+    CQvxMaterial* slot = &used;
+    used.Users().Register(&slot);
+    AddMaterial(list, u"B");
+    list.SetUnchanged(true);
+
+    EXPECT_FALSE(list.RemoveMaterial(u"A"));
+    EXPECT_FALSE(list.RemoveMaterial(u"X"));
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_TRUE(list.RemoveMaterial(u"B"));
+    EXPECT_FALSE(list.IsUnchanged());
+
+    list.ClearUsage();
+    EXPECT_TRUE(used.Users().IsEmpty());
+    EXPECT_TRUE(used.FindProfile(2)->Users().IsEmpty());
+    EXPECT_TRUE(list.RemoveMaterial(u"A"));
+}
+
+// Reading a catalogue stream into a list that already holds materials.
+class CatalogueMerge : public ::testing::Test {
+protected:
+    CatalogueMerge() {
+        CQvxMaterial& pe = AddMaterial(file, u"PE");
+        pe.AddProfile(10)->SetDimensions(70.0f, 10.0f);
+        pe.AddProfile(11)->SetDimensions(90.0f, 10.0f);
+        AddMaterial(file, u"PVC").AddProfile(12);
+        AddMaterial(file, u"Litina").AddProfile(13);
+    }
+
+    // `list` holds the file's materials with PE and PVC changed by `change`.
+    template <typename Change>
+    void ReadFileThenChange(Change&& change) {
+        ReadCatalogue(list, WriteCatalogue(file));
+        change(*list.Find(u"PE"));
+        change(*list.Find(u"PVC"));
+    }
+
+    CQvxSezMaterialu file;
+    CQvxSezMaterialu list;
+    ScriptedUserMessages messages;
+    CUserMessagesScope installed{messages};
+};
+
+TEST_F(CatalogueMerge, SameFileTwiceAsksNothingAndChangesNothing) {
+    const Bytes bytes = WriteCatalogue(file);
+    ReadCatalogue(list, bytes);
+    ReadCatalogue(list, bytes);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(WriteCatalogue(list), bytes);
+    EXPECT_EQ(MaterialNamed(list, u"PVC").FileIndex(), 2);  // position in the file
+    EXPECT_TRUE(list.IsUnchanged());
+}
+
+TEST_F(CatalogueMerge, DifferenceOnlyInRoughnessOrMasksIsKeptSilently) {
+    ReadFileThenChange([](CQvxMaterial& material) { SetRoughness(material, 2.5); });
+    ReadCatalogue(list, WriteCatalogue(file));
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(MaterialNamed(list, u"PE").Roughness(), 2.5f);
+}
+
+TEST_F(CatalogueMerge, NoStillAddsTheMissingProfiles) {
+    ReadFileThenChange([](CQvxMaterial& material) {
+        material.DeleteAllProfiles();
+        material.AddProfile(20);
+        SetRoughness(material, 1.5);
+    });
+    messages.overwriteAnswers = {TaskDialogButtons::kNo, TaskDialogButtons::kNo};
+    ReadCatalogue(list, WriteCatalogue(file));
+
+    EXPECT_EQ(messages.CountOf(u"Tento materiál již existuje, přepsat standardním?"), 2u);
+    EXPECT_EQ(messages.shown[0].content, u"PE");
+    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
+    EXPECT_EQ(pe.Profiles().size(), 3u);  // 20 kept, 10 and 11 added
+    EXPECT_EQ(ProfileAt(pe, 11).InnerDiameter(), 90.0f);
+    EXPECT_EQ(pe.Roughness(), 1.5f);
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 0u);
+}
+
+TEST_F(CatalogueMerge, YesOverwritesTheFieldsAndOffersToSave) {
+    ReadFileThenChange([](CQvxMaterial& material) {
+        SetRoughness(material, 1.5);
+        material.FindProfile(material.Profiles().begin()->first)->SetWall(1.0f);
+    });
+    CQvxMaterial& pe = *list.Find(u"PE");
+    messages.overwriteAnswers = {TaskDialogButtons::kYes, TaskDialogButtons::kNo};
+    messages.saveAnswers = {false};
+    ReadCatalogue(list, WriteCatalogue(file));
+
+    EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // taken over
+    EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                          // existing profile kept
+    EXPECT_EQ(MaterialNamed(list, u"PVC").Roughness(), 1.5f);           // "Ne"
+    ASSERT_EQ(messages.shown.size(), 3u);
+    EXPECT_EQ(messages.shown[2].caption, u"Uložit materiály?");
+    EXPECT_EQ(messages.shown[2].text, u"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
+}
+
+TEST_F(CatalogueMerge, AnswerForAllHoldsForTheRestOfOneReadOnly) {
+    ReadFileThenChange([](CQvxMaterial& material) { material.AddProfile(27); });
+    messages.overwriteAnswers = {TaskDialogButtons::kYesToAll, TaskDialogButtons::kNoToAll};
+    const Bytes bytes = WriteCatalogue(file);
+
+    ReadCatalogue(list, bytes);
+    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 1u);
+    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 1u);  // "Ano všem" overwrote
+
+    ReadCatalogue(list, bytes);
+    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 2u);
+    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 1u);  // "Ne všem" overwrote nothing
+}
+
+TEST_F(CatalogueMerge, UnshownQuestionCountsAsNoAndAsksAgain) {
+    ReadFileThenChange([](CQvxMaterial& material) { material.AddProfile(27); });
+    ReadCatalogue(list, WriteCatalogue(file));  // nothing scripted: every question answers 0
+    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 2u);
+    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 0u);
+}
+
+TEST_F(CatalogueMerge, ProjectStreamsKeepMaterialsThatCoverTheIncomingOnes) {
+    ReadCatalogue(list, WriteCatalogue(file));
+    CQvxMaterial& pe = *list.Find(u"PE");
+    pe.AddProfile(20);
+    MaterialExchangeRecord record = pe.MakeExchangeRecord();
+    record.displayName = u"jiný popisek";  // not compared for project streams
+    record.pnIndex = record.sdrIndex = 0;
+    pe.ApplyExchangeRecord(record);
+
+    ReadCatalogue(list, WriteCatalogue(file), true);
+    EXPECT_TRUE(messages.shown.empty());
+    ReadCatalogue(list, WriteCatalogue(file), false);  // a catalogue file compares exactly
+    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 1u);
+}
+
+}  // namespace

@@ -1,0 +1,168 @@
+// Loading and saving the user's catalogue, with the fallback to the standard one.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "CQvxRegistry.h"
+#include "_Velmora/CQvxMaterial.h"
+#include "_Velmora/CQvxSezMaterialu.h"
+#include "support/CatalogueBuilding.h"
+#include "support/FakeRegistryValues.h"
+#include "support/ScriptedUserMessages.h"
+#include "support/TempFolder.h"
+#include "support/ThrownText.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Bytes FileBytes(const fs::path& path) {
+    std::ifstream input(path, std::ios::binary);
+    return Bytes(std::istreambuf_iterator<char>(input), {});
+}
+
+void WriteFile(const fs::path& path, const Bytes& bytes) {
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+// An installation in a temporary folder: install/ holds the standard catalogue's folder, data/
+// the user's; the registry holds both without trailing separators.
+class CatalogueFiles : public ::testing::Test {
+protected:
+    CatalogueFiles() {
+        registry.Set(CRegistryValues::Hive::LocalMachine, u"CommonInstallPath", root / u"install");
+        registry.Set(CRegistryValues::Hive::CurrentUser, u"CommonDataPath", root / u"data");
+        fs::create_directories(root.Path() / "data");
+        AddMaterial(standardList, u"PE 100").AddProfile(11);
+        AddMaterial(standardList, u"PVC KG").AddProfile(13);
+        standardBytes = WriteCatalogue(standardList);
+    }
+
+    fs::path StandardFile() const { return root.Path() / "install" / "Velmora" / "Potrubi_std.qxp"; }
+    fs::path UserFile() const { return root.Path() / "data" / "Velmora" / "Potrubi.qxp"; }
+    std::u16string CannotOpen(const fs::path& path) const { return u"Nelze otevřít soubor:\n" + path.u16string(); }
+
+    TempFolder root;
+    FakeRegistryValues registry;
+    CRegistryValuesScope installedRegistry{registry};
+    ScriptedUserMessages messages;
+    CUserMessagesScope installedMessages{messages};
+    CQvxSezMaterialu standardList;
+    Bytes standardBytes;
+    CQvxSezMaterialu list;
+};
+
+TEST_F(CatalogueFiles, FirstRunReadsTheStandardCatalogueAndSavesItAsTheUsers) {
+    WriteFile(StandardFile(), standardBytes);
+    EXPECT_TRUE(list.LoadCatalogue(false));
+
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Materiály potrubí");
+    EXPECT_EQ(messages.shown[0].text, CannotOpen(UserFile()));
+    EXPECT_EQ(messages.shown[0].content, u"Bude načten standardní soubor");
+    EXPECT_EQ(list.Count(), 2u);
+    EXPECT_EQ(FileBytes(UserFile()), standardBytes);
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_EQ(MaterialNamed(list, u"PVC KG").FileIndex(), -2);
+}
+
+TEST_F(CatalogueFiles, NeitherCatalogueGivesTwoTaskDialogsAndFalse) {
+    EXPECT_FALSE(list.LoadCatalogue(false));
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].content, u"Bude načten standardní soubor");
+    EXPECT_EQ(messages.shown[1].text, CannotOpen(StandardFile()));
+    EXPECT_EQ(messages.shown[1].content, u"\nDoporučujeme přeinstalovat programMateriály potrubí");
+    EXPECT_EQ(list.Count(), 0u);
+    EXPECT_FALSE(fs::exists(UserFile()));
+}
+
+TEST_F(CatalogueFiles, UsersCatalogueReadsUnchangedAndTheStandardOneChanged) {
+    WriteFile(UserFile(), standardBytes);
+    WriteFile(StandardFile(), standardBytes);
+    EXPECT_TRUE(list.LoadCatalogue(false));
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_EQ(MaterialNamed(list, u"PE 100").FileIndex(), -2);
+
+    EXPECT_TRUE(list.LoadCatalogue(true));
+    EXPECT_FALSE(list.IsUnchanged());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CatalogueFiles, NewerVersionIsReportedAndTheStandardCatalogueIsNotTried) {
+    WriteFile(UserFile(), Hex("04 FF"));
+    WriteFile(StandardFile(), standardBytes);
+    EXPECT_FALSE(list.LoadCatalogue(false));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
+    EXPECT_EQ(messages.shown[0].text,
+              ExceptionText(u"Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", 257,
+                            u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
+    EXPECT_EQ(list.Count(), 0u);
+}
+
+TEST_F(CatalogueFiles, MalformedCatalogueReachesTheCaller) {
+    WriteFile(UserFile(), Hex("03 05 01"));
+    EXPECT_THROW(list.LoadCatalogue(false), CArchiveException);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CatalogueFiles, MissingRegistryValueIsReportedWithItsText) {
+    FakeRegistryValues empty;
+    CRegistryValuesScope installed(empty);
+    EXPECT_FALSE(list.LoadCatalogue(false));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text,
+              ExceptionText(u"Nelze načíst Install/Data Path z registru Windows (z HKLM ani z HKCU), chyba instalace "
+                            u"programu",
+                            149, u"_Spolecny\\CQvxRegistry"));
+}
+
+TEST_F(CatalogueFiles, EmptyListIsNeverWritten) {
+    WriteFile(UserFile(), standardBytes);
+    EXPECT_TRUE(list.SaveCatalogue());
+    EXPECT_EQ(FileBytes(UserFile()), standardBytes);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CatalogueFiles, SaveThatCannotOpenItsFileKeepsTheListChanged) {
+    fs::create_directories(UserFile());  // a folder where the file should be
+    list.AssignFrom(standardList);
+    list.MarkChanged();
+    EXPECT_FALSE(list.SaveCatalogue());
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text, CannotOpen(UserFile()));
+    EXPECT_EQ(messages.shown[0].content, u"Nelze uložit provedené změny");
+    EXPECT_FALSE(list.IsUnchanged());
+}
+
+// A user catalogue that exists but does not open is treated like a missing one, including the save
+// over it, which then fails with its own task dialog.
+TEST_F(CatalogueFiles, UnopenableUsersCatalogueFallsBackAndItsSaveFails) {
+    fs::create_directories(UserFile());
+    WriteFile(StandardFile(), standardBytes);
+    EXPECT_TRUE(list.LoadCatalogue(false));
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].content, u"Bude načten standardní soubor");
+    EXPECT_EQ(messages.shown[1].content, u"Nelze uložit provedené změny");
+    EXPECT_FALSE(list.IsUnchanged());
+}
+
+TEST_F(CatalogueFiles, MergeThatOverwritesSavesOnYes) {
+    WriteFile(StandardFile(), standardBytes);
+    list.AssignFrom(standardList);
+    list.Find(u"PE 100")->AddProfile(20);
+    messages.overwriteAnswers = {TaskDialogButtons::kYes};
+    messages.saveAnswers = {true};
+    EXPECT_TRUE(list.LoadCatalogue(true));
+
+    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 1u);
+    CQvxSezMaterialu saved;
+    ReadCatalogue(saved, FileBytes(UserFile()));
+    EXPECT_EQ(MaterialNamed(saved, u"PE 100").Profiles().size(), 2u);
+}
+
+}  // namespace

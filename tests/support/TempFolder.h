@@ -1,0 +1,31 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+// A fresh folder for one test, named after it, removed afterwards.
+class TempFolder {
+public:
+    TempFolder() {
+        const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
+        path_ = std::filesystem::temp_directory_path() /
+                ("velmora-" + std::string(test->test_suite_name()) + "-" + std::string(test->name()));
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+    // A path below the folder, as the model takes paths.
+    std::u16string operator/(std::u16string_view relative) const { return (path_ / relative).u16string(); }
+
+private:
+    std::filesystem::path path_;
+};

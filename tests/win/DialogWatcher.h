@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+#include <string>
+#include <thread>
+
+// Waits on a second thread (up to ten seconds) for a visible dialog of this process with the given
+// title and hands it to `answer`, which reads what it shows and closes it: tests can show real
+// boxes and task dialogs without a person.
+class DialogWatcher {
+public:
+    DialogWatcher(std::wstring title, std::function<void(HWND)> answer)
+        : title_(std::move(title)), answer_(std::move(answer)) {
+        thread_ = std::thread([this] { Watch(); });
+    }
+    ~DialogWatcher() { Stop(); }
+
+    // Stops watching (a dialog shown later is not answered); true when one was answered.
+    bool Stop() {
+        stop_ = true;
+        if (thread_.joinable()) thread_.join();
+        return found_;
+    }
+
+private:
+    void Watch() {
+        for (int attempt = 0; attempt < 500 && !stop_; ++attempt) {
+            HWND dialog = FindWindowW(L"#32770", title_.c_str());
+            if (dialog != nullptr && IsWindowVisible(dialog) &&
+                GetWindowThreadProcessId(dialog, nullptr) != GetCurrentThreadId()) {
+                answer_(dialog);
+                found_ = true;
+                return;
+            }
+            Sleep(20);
+        }
+    }
+
+    std::wstring title_;
+    std::function<void(HWND)> answer_;
+    std::atomic<bool> stop_{false};
+    std::atomic<bool> found_{false};
+    std::thread thread_;
+};
