@@ -10,6 +10,7 @@
 
 #include "CQvxException.h"
 #include "CatalogueFile.h"
+#include "CatalogueMerge.h"
 #include "CataloguePrinter.h"
 #include "TextCodec.h"
 #include "ToolError.h"
@@ -24,7 +25,7 @@ namespace {
 constexpr std::string_view kProgram = "velmora-katalog";
 
 constexpr std::string_view kHelp =
-    R"(velmora-katalog – převody, výpis a kontrola katalogů materiálů potrubí (*.qxp)
+    R"(velmora-katalog – převody, výpis, kontrola a slučování katalogů materiálů potrubí (*.qxp)
 
 Použití:
   velmora-katalog csv2qxp <složka CSV> <katalog.qxp>
@@ -35,6 +36,10 @@ Použití:
       Vypíše katalog v čitelné podobě: materiály s jejich údaji a tabulkou profilů.
   velmora-katalog validate <katalog.qxp | složka CSV>
       Zkontroluje soubor katalogu (chybu ohlásí s číslem bajtu) nebo listy CSV (s číslem řádku).
+  velmora-katalog merge <cíl.qxp> <zdroj.qxp> --overwrite=yes|no [--output=<výsledek.qxp>]
+      Načte do cílového katalogu zdrojový, jako to dělá program. Materiál, který v cíli už je
+      a liší se, se přepíše údaji ze zdroje (yes), nebo zůstane (no); chybějící profily se mu
+      doplní vždy. Výsledek se zapíše do cíle, nebo do souboru --output.
   velmora-katalog --help
       Vypíše tuto nápovědu.
 
@@ -156,12 +161,35 @@ int Validate(const Invocation& call, std::ostream& out, std::ostream& err) {
     return kExitDone;
 }
 
+int Merge(const Invocation& call, std::ostream& out, std::ostream& err) {
+    const std::string answer = call.Option("overwrite").value_or("");
+    if (answer != "yes" && answer != "no")
+        throw UsageError("merge potřebuje volbu --overwrite=yes nebo --overwrite=no.");
+    const std::filesystem::path& target = call.operands[0];
+    const std::filesystem::path output = call.Option("output") ? ToPath(FromUtf8(*call.Option("output"))) : target;
+
+    CQvxSezMaterialu list;
+    ReadCatalogueFile(target, list);
+    const MergeReport report = MergeCatalogueFile(call.operands[1], list, answer == "yes", err);
+    WriteWholeFile(output, CatalogueFileBytes(list));
+    for (const std::u16string& name : report.overwritten) out << "Přepsán materiál „" << ToUtf8(name) << "“.\n";
+    for (const std::u16string& name : report.kept) out << "Ponechán materiál „" << ToUtf8(name) << "“.\n";
+    out << "Zapsán katalog " << Quoted(output) << ": " << Counts(list) << " (nových materiálů " << report.added
+        << ", přepsaných " << report.overwritten.size() << ", ponechaných " << report.kept.size() << ").\n";
+    return kExitDone;
+}
+
 const std::vector<CommandSpec>& Commands() {
     static const std::vector<CommandSpec> commands = {
         {"csv2qxp", "<složka CSV> <katalog.qxp>", 2, {}, ConvertCsvToCatalogue},
         {"qxp2csv", "<katalog.qxp> <složka CSV>", 2, {}, ConvertCatalogueToCsv},
         {"print", "<katalog.qxp>", 1, {}, Print},
         {"validate", "<katalog.qxp | složka CSV>", 1, {}, Validate},
+        {"merge",
+         "<cíl.qxp> <zdroj.qxp> --overwrite=yes|no [--output=<výsledek.qxp>]",
+         2,
+         {"overwrite", "output"},
+         Merge},
     };
     return commands;
 }

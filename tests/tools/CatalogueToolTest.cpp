@@ -27,7 +27,7 @@ protected:
 
 TEST_F(CatalogueTool, HelpNamesEveryCommandAndBadUsageExitsWithTwo) {
     EXPECT_EQ(Run({"--help"}), kExitDone);
-    for (const char* command : {"csv2qxp", "qxp2csv", "print", "validate"}) {
+    for (const char* command : {"csv2qxp", "qxp2csv", "print", "validate", "merge", "--overwrite=yes|no"}) {
         EXPECT_NE(out.str().find(command), std::string::npos) << command;
     }
     EXPECT_EQ(Run({}), kExitBadUsage);
