@@ -406,7 +406,14 @@ CatalogueCsvContent ReadCatalogueCsv(const CatalogueCsvSheets& sheets) {
     CatalogueCsvContent content;
     CatalogueCsvReader reader(content);
     reader.ReadMaterials(sheets.materials);
+    const std::size_t profileProblems = content.problems.size();
     reader.ReadProfiles(sheets.profiles);
+
+    // A row's shape is checked before its fields: give each sheet's problems in the order of its lines.
+    const auto byLine = [](const CatalogueCsvProblem& a, const CatalogueCsvProblem& b) { return a.line < b.line; };
+    const auto firstOfProfiles = content.problems.begin() + static_cast<std::ptrdiff_t>(profileProblems);
+    std::stable_sort(content.problems.begin(), firstOfProfiles, byLine);
+    std::stable_sort(firstOfProfiles, content.problems.end(), byLine);
     return content;
 }
 
