@@ -19,17 +19,6 @@ std::string ByteText(std::uint64_t offset) {
     return "bajt " + std::to_string(offset) + ", " + hex;
 }
 
-// The program's failure texts are one paragraph with a line break before the source module.
-std::string OneLine(const char* textWindows1250) {
-    std::string text = ToUtf8(FromWindows1250(textWindows1250));
-    for (char& c : text) {
-        if (c == '\n') c = ' ';
-    }
-    std::string::size_type doubled;
-    while ((doubled = text.find("  ")) != std::string::npos) text.erase(doubled, 1);
-    return text;
-}
-
 ToolError Unreadable(const std::filesystem::path& path, const std::string& reason, std::uint64_t offset) {
     return ToolError("Soubor „" + PathText(path) + "“ nelze načíst: " + reason + " (" + ByteText(offset) + ").");
 }
@@ -50,7 +39,7 @@ std::uint64_t ReadCatalogueFile(const std::filesystem::path& path, CQvxSezMateri
     } catch (const CQvxException& failure) {
         // Noticed on the last byte read.
         const std::uint64_t position = archive.Position();
-        throw Unreadable(path, OneLine(failure.what()), position == 0 ? 0 : position - 1);
+        throw Unreadable(path, FailureText(failure), position == 0 ? 0 : position - 1);
     }
     return archive.Position();
 }

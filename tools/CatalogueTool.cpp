@@ -98,11 +98,13 @@ void ReadCsvInto(const std::filesystem::path& folder, CQvxSezMaterialu& list, st
         throw ToolError("Listy ve složce " + Quoted(folder) +
                         " nelze převést, počet chyb: " + std::to_string(content.problems.size()) + ".");
     }
-    try {
-        AddMaterials(content.materials, list);
-    } catch (const CQvxException& failure) {
-        throw ToolError("Listy ve složce " + Quoted(folder) +
-                        " nelze převést: " + ToUtf8(FromWindows1250(failure.what())));
+    for (const CsvMaterialRecord& material : content.materials) {
+        try {
+            AddMaterial(material, list);
+        } catch (const CQvxException& failure) {
+            throw ToolError("Materiál „" + ToUtf8(material.fields.uniqueName) + "“ ve složce " + Quoted(folder) +
+                            " nelze převést: " + FailureText(failure) + ".");
+        }
     }
 }
 

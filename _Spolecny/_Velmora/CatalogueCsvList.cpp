@@ -48,11 +48,9 @@ std::vector<CsvMaterialRecord> MaterialRecords(const CQvxSezMaterialu& list) {
     return records;
 }
 
-void AddMaterials(const std::vector<CsvMaterialRecord>& records, CQvxSezMaterialu& list) {
-    for (const CsvMaterialRecord& record : records) {
-        std::unique_ptr<CQvxMaterial> material = MaterialOf(record, list);
-        if (!list.Insert(record.fields.uniqueName, material).second) {
-            throw std::invalid_argument("material " + ToUtf8(record.fields.uniqueName) + " is already listed");
-        }
+void AddMaterial(const CsvMaterialRecord& record, CQvxSezMaterialu& list) {
+    std::unique_ptr<CQvxMaterial> material = MaterialOf(record, list);
+    if (!list.Insert(record.fields.uniqueName, material).second) {
+        throw std::invalid_argument("material " + ToUtf8(record.fields.uniqueName) + " is already listed");
     }
 }

@@ -12,7 +12,7 @@ class CQvxSezMaterialu;
 // The materials of a list with their profiles, in the list's order.
 std::vector<CsvMaterialRecord> MaterialRecords(const CQvxSezMaterialu& list);
 
-// Adds a material per record to the list. The names must be new to the list and to each other (as
-// ReadCatalogueCsv ensures). A value a material refuses (a label too long to build) throws
-// CQvxException; the materials added before it stay.
-void AddMaterials(const std::vector<CsvMaterialRecord>& records, CQvxSezMaterialu& list);
+// Adds the record's material to the list; its name must be new to the list (ReadCatalogueCsv
+// ensures that the names of the sheets differ). A value the material refuses (a label too long to
+// build) throws CQvxException, and the material is not added.
+void AddMaterial(const CsvMaterialRecord& record, CQvxSezMaterialu& list);

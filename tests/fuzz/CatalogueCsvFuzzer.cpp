@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     CQvxSezMaterialu list;
     try {
-        AddMaterials(content.materials, list);
+        for (const CsvMaterialRecord& material : content.materials) AddMaterial(material, list);
     } catch (const std::exception&) {
         return 0;  // a value no label can be built for
     }

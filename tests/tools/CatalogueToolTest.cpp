@@ -91,6 +91,17 @@ TEST_F(CatalogueTool, BadSheetsNameEveryLineAndWriteNothing) {
     EXPECT_EQ(Run({"validate", In("csv")}), kExitBadInput);
     EXPECT_EQ(Run({"csv2qxp", In("missing"), In("new.qxp")}), kExitBadInput);
     EXPECT_FALSE(std::filesystem::exists(folder / "new.qxp"));
+
+    // Sound sheets whose sizes no label can show.
+    WriteBytes("csv/materialy.csv", std::string(kMaterials));
+    WriteBytes("csv/profily.csv", std::string(kProfiles) + "PE100 SDR11;DN 150;;10;1000000000000;;;\n");
+    EXPECT_EQ(Run({"csv2qxp", In("csv"), In("new.qxp")}), kExitBadInput);
+    EXPECT_EQ(err.str(),
+              "velmora-katalog: Materiál „PE100 SDR11“ ve složce „" + In("csv") +
+                  "“ nelze převést: Nepodařilo se vytvořit popis, Line 36, _Spolecny\\_Velmora\\CQvxMaterial. "
+                  "Katalog „" +
+                  In("new.qxp") + "“ nebyl zapsán.\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "new.qxp"));
 }
 
 TEST_F(CatalogueTool, ValidateReportsTheByteOfAMalformedCatalogue) {
