@@ -15,7 +15,7 @@ constexpr std::string_view kEggProfile = "Beton vejčitý;DN 450;450;0;450;300;;
 
 // The target holds the egg section and PE; the source holds the same egg section, a PE that
 // differs (description, roughness, PN, the wall of DN 100, an extra DN 150) and a new PVC.
-class CatalogueMerge : public ToolTest {
+class ToolMerge : public ToolTest {
 protected:
     void SetUp() override {
         ToolTest::SetUp();
@@ -58,7 +58,7 @@ constexpr std::string_view kMergedProfiles =
     "PVC-U KG SN4;DN 100;110;3.2;103.6;;;\n";
 constexpr std::string_view kPvc = "PVC-U KG SN4;ČSN EN 1401-1;;ZTI;Kanalizace;0.01;;;D x t;;;Vnější průměr;Kruh\n";
 
-TEST_F(CatalogueMerge, NoKeepsTheFieldsButAddsMissingProfiles) {
+TEST_F(ToolMerge, NoKeepsTheFieldsButAddsMissingProfiles) {
     const std::string target = ReadBytes(folder / "target.qxp");
     ASSERT_EQ(Run({"merge", In("target.qxp"), In("source.qxp"), "--overwrite=no", "--output=" + In("out.qxp")}),
               kExitDone)
@@ -75,7 +75,7 @@ TEST_F(CatalogueMerge, NoKeepsTheFieldsButAddsMissingProfiles) {
     EXPECT_EQ(profiles, std::string(kProfilesHeader) + std::string(kMergedProfiles));
 }
 
-TEST_F(CatalogueMerge, YesTakesTheIncomingFieldsInPlace) {
+TEST_F(ToolMerge, YesTakesTheIncomingFieldsInPlace) {
     ASSERT_EQ(Run({"merge", In("target.qxp"), In("source.qxp"), "--overwrite=yes"}), kExitDone) << err.str();
     EXPECT_EQ(out.str(), "Přepsán materiál „PE100 SDR11“.\nZapsán katalog „" + In("target.qxp") +
                              "“: materiálů 3, profilů 4 (nových materiálů 1, přepsaných 1, ponechaných 0).\n");
@@ -88,7 +88,7 @@ TEST_F(CatalogueMerge, YesTakesTheIncomingFieldsInPlace) {
     EXPECT_EQ(profiles, std::string(kProfilesHeader) + std::string(kMergedProfiles));
 }
 
-TEST_F(CatalogueMerge, NeedsAnAnswerAndLeavesTheTargetOnABadSource) {
+TEST_F(ToolMerge, NeedsAnAnswerAndLeavesTheTargetOnABadSource) {
     const std::string target = ReadBytes(folder / "target.qxp");
     EXPECT_EQ(Run({"merge", In("target.qxp"), In("source.qxp")}), kExitBadUsage);
     EXPECT_EQ(err.str(),
