@@ -228,6 +228,12 @@ void CQvxMaterial::OverwriteFieldsFrom(const CQvxMaterial& source) {
     MarkChanged();
 }
 
+void CQvxMaterial::SetClassIndexes(int32_t pnIndex, int32_t sdrIndex) {
+    pnIndex_ = pnIndex;
+    sdrIndex_ = sdrIndex;
+    MarkChanged();
+}
+
 CQvxProfil* CQvxMaterial::FindProfile(int dnIndex) const {
     const auto found = profiles_.find(dnIndex);
     return found == profiles_.end() ? nullptr : found->second.get();

@@ -71,6 +71,9 @@ public:
     const std::u16string& UniqueName() const { return uniqueName_; }
     // Only the list renames, as it keys its map by the name.
     void SetUniqueName(std::u16string_view name) { uniqueName_ = name; }
+    // The PN and SDR rows as a file stores them: -1 means that none was chosen, which the editor's
+    // record cannot say.
+    void SetClassIndexes(int32_t pnIndex, int32_t sdrIndex);
     const std::u16string& DisplayName() const { return displayName_; }
     const std::u16string& Description() const { return description_; }
     const std::u16string& Manufacturer() const { return manufacturer_; }
