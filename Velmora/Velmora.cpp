@@ -10,7 +10,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
 
     CWin32UserMessages messages;
     CUserMessagesScope installed(messages);
-    MessageBoxW(nullptr, L"Editor katalogu materiálů potrubí se připravuje.\nZatím je hotov datový model.",
+    MessageBoxW(nullptr, L"Editor katalogu materiálů potrubí se připravuje.\nKatalog zatím zpracujte nástrojem velmora-katalog.",
                 L"Materiály potrubí", MB_OK | MB_ICONINFORMATION);
     return 0;
 }
