@@ -39,11 +39,10 @@ BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
     if ((GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) == 0) return TRUE;
 
-    auto& balloon = *reinterpret_cast<Balloon*>(found);
-    balloon.visible = true;
-    balloon.text = Text(window);
+    Balloon balloon{true, Text(window), {}};
     GetWindowRect(window, &balloon.rect);
-    return FALSE;
+    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(balloon);
+    return TRUE;
 }
 
 }  // namespace
@@ -126,10 +125,15 @@ EditColours ReadEditColours(HWND parent, HWND edit) {
     return colours;
 }
 
+std::vector<Balloon> VisibleBalloons() {
+    std::vector<Balloon> balloons;
+    EnumThreadWindows(GetCurrentThreadId(), CollectBalloon, reinterpret_cast<LPARAM>(&balloons));
+    return balloons;
+}
+
 Balloon FindVisibleBalloon() {
-    Balloon balloon;
-    EnumThreadWindows(GetCurrentThreadId(), CollectBalloon, reinterpret_cast<LPARAM>(&balloon));
-    return balloon;
+    const std::vector<Balloon> balloons = VisibleBalloons();
+    return balloons.empty() ? Balloon{} : balloons.front();
 }
 
 ClientPicture::ClientPicture(HWND window) {

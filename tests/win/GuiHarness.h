@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 class CDialog;
 
@@ -47,6 +48,8 @@ struct Balloon {
     std::u16string text;
     RECT rect{};
 };
+std::vector<Balloon> VisibleBalloons();
+// The first visible balloon; `visible` is false when there is none.
 Balloon FindVisibleBalloon();
 
 // The client area of `window` as `window` paints it for WM_PRINTCLIENT, on white.
