@@ -53,13 +53,6 @@ TEST_F(WindowsRegistry, ExpandableOrOverlongMachineValueFallsBackToTheUsers) {
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonInstallPath), u"C:\\install\\");
 }
 
-TEST_F(WindowsRegistry, TrailingBackslashOrNotGivesTheSameProgramFolder) {
-    Write(HKEY_LOCAL_MACHINE, L"CommonDataPath", REG_SZ, L"C:\\data");
-    Write(HKEY_LOCAL_MACHINE, L"CommonInstallPath", REG_SZ, L"C:\\data\\");
-    EXPECT_EQ(CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, false), u"C:\\data\\Velmora\\");
-    EXPECT_EQ(CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonInstallPath, false), u"C:\\data\\Velmora\\");
-}
-
 TEST_F(WindowsRegistry, MissingValueGivesTheInstallationMessage) {
     Write(HKEY_CURRENT_USER, L"DataPath", REG_SZ, L"C:\\data");
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kDataPath), u"C:\\data\\");
