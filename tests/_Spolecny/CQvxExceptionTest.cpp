@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "TextCodec.h"
-
 namespace {
 
 TEST(CQvxException, FormatsMessageLineAndSourceInWindows1250) {
@@ -13,12 +11,6 @@ TEST(CQvxException, FormatsMessageLineAndSourceInWindows1250) {
     // ř = F8, í = ED, š = 9A, ý = FD in Windows-1250.
     EXPECT_STREQ(exception.what(),
                  "P\xF8\xEDli\x9A dlouh\xFD v\xFDrobce, Line 212, \n_Spolecny\\_Velmora\\CQvxMaterial");
-}
-
-TEST(CQvxException, CopyErrorConstructorNamesTheCodeAndTheFixedSource) {
-    const CQvxException exception(34);
-    EXPECT_EQ(FromWindows1250(exception.what()),
-              u"Nepodařilo se zkopírovat C type řetězec - chyba: , Err: 34, Line 647, \n_Spolecny\\CQvxFunkce");
 }
 
 TEST(CQvxException, TextIsCutAt511Characters) {

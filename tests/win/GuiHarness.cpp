@@ -23,16 +23,6 @@ public:
 };
 [[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
-template <typename Handle>
-void PumpUntil(DWORD milliseconds, Handle&& handle) {
-    const DWORD start = GetTickCount();
-    do {
-        MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) handle(message);
-        if (milliseconds > 0) Sleep(10);
-    } while (GetTickCount() - start < milliseconds);
-}
-
 BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     wchar_t className[64] = {};
     GetClassNameW(window, className, 64);
@@ -48,14 +38,12 @@ BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
 }  // namespace
 
 void Pump(CDialog& dialog, DWORD milliseconds) {
-    PumpUntil(milliseconds, [&dialog](MSG& message) { dialog.ProcessMessage(message); });
-}
-
-void Pump(DWORD milliseconds) {
-    PumpUntil(milliseconds, [](MSG& message) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    });
+    const DWORD start = GetTickCount();
+    do {
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) dialog.ProcessMessage(message);
+        if (milliseconds > 0) Sleep(10);
+    } while (GetTickCount() - start < milliseconds);
 }
 
 void Type(HWND window, std::u16string_view characters) {

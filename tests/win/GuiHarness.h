@@ -15,8 +15,6 @@ namespace gui {
 // Handles the pending messages of this thread, through `dialog`'s pre-translation and dialog
 // keyboard handling, for at least `milliseconds`.
 void Pump(CDialog& dialog, DWORD milliseconds = 0);
-// The same without a dialog.
-void Pump(DWORD milliseconds = 0);
 
 // Types each character with WM_CHAR, as the keyboard would after translation.
 void Type(HWND window, std::u16string_view characters);

@@ -169,7 +169,7 @@ TEST_F(TreeListControl, DecimalColumnTakesACommaAndKeepsTheEditorOnATrailingPoin
     EXPECT_EQ(dialog.ended.size(), 1u);  // no end: the editor stays
     EXPECT_TRUE(EditorShows());
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
-    EXPECT_TRUE(dialog.validated.size() == 1u);  // the owner never saw "2."
+    EXPECT_EQ(dialog.validated.size(), 1u);  // the owner never saw "2."
     gui::Type(editor, u"75");
     gui::PressKey(editor, VK_RETURN);
     EXPECT_EQ(Tree().CellText(first, TreeListDialog::kWall), u"2.75");
