@@ -43,10 +43,6 @@ TEST(CatalogueWriting, FourCharacterPrefixIsSavedWithThree) {
 
     const Bytes bytes = WriteCatalogue(list);
     EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + 18), Hex("03 05 02 00 41 00 42 00 43 00 00 00 6D 00 6D 00 00 00"));
-    CQvxSezMaterialu read;
-    ReadCatalogue(read, bytes);
-    EXPECT_EQ(MaterialNamed(read, u"K").Prefix(), u"ABC");
-    EXPECT_EQ(MaterialNamed(read, u"K").Suffix(), u"mm");
 }
 
 TEST(CatalogueWriting, OnlyUsedWritesTheMaterialsAndProfilesInUseAndNumbersThem) {
