@@ -8,24 +8,13 @@
 
 namespace {
 
-TEST(MaterialConstruction, DefaultsForReadingAndForANewMaterial) {
+TEST(MaterialConstruction, NewMaterialTakesZeroMasksAsAllWithTheDefaultRoughnessAndShape) {
     CQvxSezMaterialu list;
-    const CQvxMaterial read(&list);
-    EXPECT_EQ(read.FileIndex(), -2);
-    EXPECT_EQ(read.GetDescriptionMode(), DescriptionMode::DxT);
-    EXPECT_EQ(read.Placement(), 3);
-    EXPECT_EQ(read.Medium(), 31);
-    EXPECT_EQ(read.PnIndex(), -1);
-    EXPECT_EQ(read.SdrIndex(), -1);
-    EXPECT_EQ(read.Roughness(), 0.0f);
-
     const CQvxMaterial created(&list, u"PVC KG", 0, 0);
-    EXPECT_EQ(created.UniqueName(), u"PVC KG");
     EXPECT_EQ(created.Placement(), kPlacementAll);
     EXPECT_EQ(created.Medium(), kMediumAll);
     EXPECT_EQ(created.Roughness(), 0.00001f);
     EXPECT_EQ(created.Shape(), ProfileShape::Circle);
-    EXPECT_TRUE(created.Profiles().empty());
 }
 
 TEST(AddProfileDefaults, FollowTheDnTheLabelModeAndTheSdrRow) {
