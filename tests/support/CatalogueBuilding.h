@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
@@ -12,6 +13,17 @@
 inline CQvxMaterial& AddMaterial(CQvxSezMaterialu& list, std::u16string_view name) {
     auto material = std::make_unique<CQvxMaterial>(&list, name, kPlacementAll, kMediumAll);
     return *list.Insert(name, material).first;
+}
+
+// Changes the editor's buffer of `material` with `change` and applies it, as the editor does. A PN or
+// SDR row of none (-1, which the buffer refuses) becomes "---" first.
+template <typename Change>
+void EditMaterial(CQvxMaterial& material, Change&& change) {
+    MaterialExchangeRecord record = material.MakeExchangeRecord();
+    record.pnIndex = std::max(record.pnIndex, 0);
+    record.sdrIndex = std::max(record.sdrIndex, 0);
+    change(record);
+    material.ApplyExchangeRecord(record);
 }
 
 inline Bytes WriteCatalogue(CQvxSezMaterialu& list, bool onlyUsed = false) {

@@ -4,6 +4,7 @@
 
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
+#include "support/CatalogueBuilding.h"
 
 // A list holding one material "PE" (D x t labels, PN and SDR "---") for record tests.
 class MaterialFixture : public ::testing::Test {
@@ -11,14 +12,13 @@ protected:
     // Applies label rules and SDR through the editor's buffer, as the editor does.
     void Describe(DescriptionMode mode, int32_t sdrIndex = 0, bool onInner = false, std::u16string prefix = u"",
                   std::u16string suffix = u"") {
-        MaterialExchangeRecord record = material.MakeExchangeRecord();
-        record.descriptionMode = mode;
-        record.pnIndex = 0;
-        record.sdrIndex = sdrIndex;
-        record.onInnerDiameter = onInner;
-        record.prefix = std::move(prefix);
-        record.suffix = std::move(suffix);
-        material.ApplyExchangeRecord(record);
+        EditMaterial(material, [&](MaterialExchangeRecord& record) {
+            record.descriptionMode = mode;
+            record.sdrIndex = sdrIndex;
+            record.onInnerDiameter = onInner;
+            record.prefix = std::move(prefix);
+            record.suffix = std::move(suffix);
+        });
     }
 
     CQvxSezMaterialu list;

@@ -27,3 +27,16 @@ inline std::u16string ExceptionText(std::u16string_view message, int line, std::
 inline std::u16string MaterialError(std::u16string_view message, int line) {
     return ExceptionText(message, line, u"_Spolecny\\_Velmora\\CQvxMaterial");
 }
+
+// A file of a newer version, refused at the level whose reader is in `sourceModule`.
+inline std::u16string NewerVersionError(int line, std::u16string_view sourceModule) {
+    return ExceptionText(u"Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", line,
+                         sourceModule);
+}
+
+// The failure of a folder value found in neither registry hive.
+inline std::u16string MissingRegistryValueError() {
+    return ExceptionText(
+        u"Nelze načíst Install/Data Path z registru Windows (z HKLM ani z HKCU), chyba instalace programu", 149,
+        u"_Spolecny\\CQvxRegistry");
+}

@@ -36,18 +36,6 @@ TEST(CWin32UserMessages, FileErrorBoxHasTheUnexpectedExceptionCaption) {
     EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_ERROR));
 }
 
-TEST(CWin32UserMessages, EmptyExceptionTextShowsNoBox) {
-    struct Silent : std::exception {
-        const char* what() const noexcept override { return ""; }
-    };
-    CWin32UserMessages messages;
-    CUserMessagesScope installed(messages);
-    MessageBoxWatcher watcher(L"Program vyvolal výjimku");
-    ShowException(Silent());  // would block here if a box were shown
-    Sleep(200);
-    EXPECT_FALSE(watcher.Stop().found);
-}
-
 TEST(CWin32UserMessages, TaskDialogShowsInstructionAndContent) {
     CWin32UserMessages messages;
     TaskDialogWatcher watcher(L"Materiály potrubí", IDOK);

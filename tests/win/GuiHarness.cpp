@@ -23,40 +23,27 @@ public:
 };
 [[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
-template <typename Handle>
-void PumpUntil(DWORD milliseconds, Handle&& handle) {
-    const DWORD start = GetTickCount();
-    do {
-        MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) handle(message);
-        if (milliseconds > 0) Sleep(10);
-    } while (GetTickCount() - start < milliseconds);
-}
-
 BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     wchar_t className[64] = {};
     GetClassNameW(window, className, 64);
     if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
     if ((GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) == 0) return TRUE;
 
-    auto& balloon = *reinterpret_cast<Balloon*>(found);
-    balloon.visible = true;
-    balloon.text = Text(window);
+    Balloon balloon{true, Text(window), {}};
     GetWindowRect(window, &balloon.rect);
-    return FALSE;
+    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(balloon);
+    return TRUE;
 }
 
 }  // namespace
 
 void Pump(CDialog& dialog, DWORD milliseconds) {
-    PumpUntil(milliseconds, [&dialog](MSG& message) { dialog.ProcessMessage(message); });
-}
-
-void Pump(DWORD milliseconds) {
-    PumpUntil(milliseconds, [](MSG& message) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    });
+    const DWORD start = GetTickCount();
+    do {
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) dialog.ProcessMessage(message);
+        if (milliseconds > 0) Sleep(10);
+    } while (GetTickCount() - start < milliseconds);
 }
 
 void Type(HWND window, std::u16string_view characters) {
@@ -126,10 +113,15 @@ EditColours ReadEditColours(HWND parent, HWND edit) {
     return colours;
 }
 
+std::vector<Balloon> VisibleBalloons() {
+    std::vector<Balloon> balloons;
+    EnumThreadWindows(GetCurrentThreadId(), CollectBalloon, reinterpret_cast<LPARAM>(&balloons));
+    return balloons;
+}
+
 Balloon FindVisibleBalloon() {
-    Balloon balloon;
-    EnumThreadWindows(GetCurrentThreadId(), CollectBalloon, reinterpret_cast<LPARAM>(&balloon));
-    return balloon;
+    const std::vector<Balloon> balloons = VisibleBalloons();
+    return balloons.empty() ? Balloon{} : balloons.front();
 }
 
 ClientPicture::ClientPicture(HWND window) {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 class CDialog;
 
@@ -14,8 +15,6 @@ namespace gui {
 // Handles the pending messages of this thread, through `dialog`'s pre-translation and dialog
 // keyboard handling, for at least `milliseconds`.
 void Pump(CDialog& dialog, DWORD milliseconds = 0);
-// The same without a dialog.
-void Pump(DWORD milliseconds = 0);
 
 // Types each character with WM_CHAR, as the keyboard would after translation.
 void Type(HWND window, std::u16string_view characters);
@@ -47,6 +46,8 @@ struct Balloon {
     std::u16string text;
     RECT rect{};
 };
+std::vector<Balloon> VisibleBalloons();
+// The first visible balloon; `visible` is false when there is none.
 Balloon FindVisibleBalloon();
 
 // The client area of `window` as `window` paints it for WM_PRINTCLIENT, on white.

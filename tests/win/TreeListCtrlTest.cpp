@@ -26,6 +26,7 @@ protected:
     }
 
     TreeListDialog& Open(DWORD extendedStyle = 0x400F0000, DWORD style = 0) {
+        if (dialog_) dialog_->DestroyWindow();
         dialog_ = std::make_unique<TreeListDialog>(extendedStyle, style);
         EXPECT_TRUE(dialog_->Create());
         dialog_->Show(SW_SHOW);
@@ -45,6 +46,18 @@ protected:
     }
     bool EditorShows() const { return Editor() != nullptr && IsWindowVisible(Editor()); }
     void Pump(DWORD milliseconds = 0) { gui::Pump(*dialog_, milliseconds); }
+    RECT RowRect(HTREEITEM item) const {
+        RECT row{};
+        std::memcpy(&row, &item, sizeof(item));  // the item goes in where the rectangle comes out
+        EXPECT_TRUE(Tree().Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&row)));
+        return row;
+    }
+    int ColumnWidth(int column) const {
+        TVCOLUMNW record{};
+        record.mask = TVCF_WIDTH;
+        Tree().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
+        return record.cx;
+    }
 
     RefusalBeeps beeps;
     HTREEITEM first = nullptr;
@@ -69,33 +82,27 @@ TEST_F(TreeListControl, CreatedOverThePlaceholderAsControl4100) {
     EXPECT_EQ(Tree().Send(TVM_GETCOLUMNCOUNT), 6);
 }
 
-TEST_F(TreeListControl, ItemsAreNumberedFromOneAndDeletingTheRootEmptiesIt) {
+TEST_F(TreeListControl, ItemsAreNumberedFromOneAndDeletedOrUnknownOnesReadZero) {
     TreeListDialog& dialog = Open();
     EXPECT_EQ(reinterpret_cast<ULONG_PTR>(first), 1u);
     EXPECT_EQ(reinterpret_cast<ULONG_PTR>(third), 3u);
-    EXPECT_EQ(Tree().GetCount(), 3);
     ASSERT_TRUE(Tree().SelectCell(second, 0));
     EXPECT_EQ(Tree().GetSelection(), second);
     EXPECT_EQ(dialog.selectionChanges, 1);
+    EXPECT_TRUE(Tree().SetItemParam(second, 650));
+    EXPECT_EQ(Tree().GetItemParam(second), 650);
+    EXPECT_EQ(Tree().GetItemParam(reinterpret_cast<HTREEITEM>(ULONG_PTR{99})), 0);
+    EXPECT_EQ(Tree().GetItemParam(nullptr), 0);
 
+    EXPECT_TRUE(Tree().DeleteItem(first));
+    EXPECT_EQ(Tree().GetCount(), 2);
+    EXPECT_EQ(Tree().GetItemParam(first), 0);
+    EXPECT_FALSE(Tree().SetItemParam(first, 1));
     EXPECT_TRUE(Tree().DeleteItem(TVI_ROOT));
     EXPECT_EQ(Tree().GetCount(), 0);
     EXPECT_EQ(Tree().Send(TVM_GETNEXTITEM, TVGN_CARET, 0), 0);
-    EXPECT_EQ(dialog.deleted, (std::vector<LPARAM>{50, 65, 80}));
+    EXPECT_EQ(dialog.deleted, (std::vector<LPARAM>{50, 650, 80}));
     EXPECT_EQ(reinterpret_cast<ULONG_PTR>(Tree().InsertItem(L"DN 100", 100)), 1u);
-}
-
-TEST_F(TreeListControl, ParametersOfDeletedOrUnknownItemsReadZero) {
-    Open();
-    EXPECT_EQ(Tree().GetItemParam(second), 65);
-    EXPECT_TRUE(Tree().SetItemParam(second, 650));
-    EXPECT_EQ(Tree().GetItemParam(second), 650);
-    EXPECT_TRUE(Tree().DeleteItem(second));
-    EXPECT_EQ(Tree().GetItemParam(second), 0);
-    EXPECT_FALSE(Tree().SetItemParam(second, 1));
-    EXPECT_EQ(Tree().GetItemParam(reinterpret_cast<HTREEITEM>(ULONG_PTR{99})), 0);
-    EXPECT_EQ(Tree().GetItemParam(nullptr), 0);
-    EXPECT_EQ(Tree().GetCount(), 2);
 }
 
 TEST_F(TreeListControl, SelectCellUsesTheColumnOnlyWithCellSelection) {
@@ -162,7 +169,7 @@ TEST_F(TreeListControl, DecimalColumnTakesACommaAndKeepsTheEditorOnATrailingPoin
     EXPECT_EQ(dialog.ended.size(), 1u);  // no end: the editor stays
     EXPECT_TRUE(EditorShows());
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
-    EXPECT_TRUE(dialog.validated.size() == 1u);  // the owner never saw "2."
+    EXPECT_EQ(dialog.validated.size(), 1u);  // the owner never saw "2."
     gui::Type(editor, u"75");
     gui::PressKey(editor, VK_RETURN);
     EXPECT_EQ(Tree().CellText(first, TreeListDialog::kWall), u"2.75");
@@ -202,9 +209,7 @@ TEST_F(TreeListControl, ClickingElsewhereCommits) {
     Pump(100);
     EXPECT_EQ(gui::Text(editor), u"70");
 
-    RECT row{};
-    std::memcpy(&row, &third, sizeof(third));  // the item goes in where the rectangle comes out
-    ASSERT_TRUE(Tree().Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&row)));
+    const RECT row = RowRect(third);
     POINT point{(row.left + row.right) / 2, (row.top + row.bottom) / 2};
     ClientToScreen(Tree().Handle(), &point);
     gui::RealClick(point);
@@ -238,30 +243,23 @@ TEST_F(TreeListControl, EmptyStaysAllowedAfterOneEditOfAnEmptyAllowedColumn) {
 }
 
 TEST_F(TreeListControl, LeftAtTheStartMovesToTheLeftCellOnlyWithTheArrowStyle) {
-    TreeListDialog& dialog = Open(0x400F0000 | TVS_EX_EDITARROWS);
-    HWND editor = Edit(second, TreeListDialog::kWall, 2u << 26);  // caret before the first character
-    ASSERT_NE(editor, nullptr);
-    gui::PressKey(editor, VK_LEFT);
-    Pump();
-    EXPECT_FALSE(EditorShows());
-    EXPECT_EQ(dialog.ended.size(), 1u);
-    EXPECT_EQ(Tree().GetCurrentColumn(), TreeListDialog::kOuter);
+    for (const bool arrows : {false, true}) {
+        SCOPED_TRACE(arrows ? "arrow style" : "no arrow style");
+        TreeListDialog& dialog = Open(0x400F0000 | (arrows ? TVS_EX_EDITARROWS : 0));
+        const HWND editor = Edit(second, TreeListDialog::kWall, 2u << 26);  // caret before the first character
+        ASSERT_NE(editor, nullptr);
+        gui::PressKey(editor, VK_LEFT);
+        Pump();
+        EXPECT_EQ(EditorShows(), !arrows);
+        EXPECT_EQ(dialog.ended.size(), arrows ? 1u : 0u);
+        EXPECT_EQ(Tree().GetCurrentColumn(), arrows ? TreeListDialog::kOuter : TreeListDialog::kWall);
+    }
 
     // With the caret further in, Left only moves the caret.
-    editor = Edit(second, TreeListDialog::kWall, (2u << 26) | (1u << 8));
+    const HWND editor = Edit(second, TreeListDialog::kWall, (2u << 26) | (1u << 8));
     gui::PressKey(editor, VK_LEFT);
     Pump();
     EXPECT_TRUE(EditorShows());
-    EXPECT_EQ(Tree().GetCurrentColumn(), TreeListDialog::kWall);
-}
-
-TEST_F(TreeListControl, LeftAtTheStartStaysInTheEditorWithoutTheArrowStyle) {
-    TreeListDialog& dialog = Open(0x400F0000);
-    const HWND editor = Edit(second, TreeListDialog::kWall, 2u << 26);
-    gui::PressKey(editor, VK_LEFT);
-    Pump();
-    EXPECT_TRUE(EditorShows());
-    EXPECT_TRUE(dialog.ended.empty());
     EXPECT_EQ(Tree().GetCurrentColumn(), TreeListDialog::kWall);
 }
 
@@ -344,12 +342,7 @@ TEST_F(TreeListControl, WidthChangesAreSharedOutAndReported) {
     fixed.mask = TVCF_FIXED;
     Tree().Send(TVM_SETCOLUMN, TreeListDialog::kProfile, reinterpret_cast<LPARAM>(&fixed));
     std::vector<int> before;
-    for (int column = 0; column < 6; ++column) {
-        TVCOLUMNW record{};
-        record.mask = TVCF_WIDTH;
-        Tree().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
-        before.push_back(record.cx);
-    }
+    for (int column = 0; column < 6; ++column) before.push_back(ColumnWidth(column));
     const RECT window = Tree().WindowRect();
     SetWindowPos(Tree().Handle(), nullptr, 0, 0, window.right - window.left + 50, window.bottom - window.top,
                  SWP_NOMOVE | SWP_NOZORDER);
@@ -389,18 +382,10 @@ TEST_F(TreeListControl, ExpandButtonsOpenChildren) {
 TEST_F(TreeListControl, PaintsGridLinesAndTheCurrentCell) {
     Open(0x400F0000);  // grid lines and cell selection, as the material editor has them
     Tree().SelectCell(second, TreeListDialog::kWall);
-    RECT row{};
-    std::memcpy(&row, &second, sizeof(second));
-    ASSERT_TRUE(Tree().Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&row)));
+    const RECT row = RowRect(second);
     int wallLeft = 0;
-    int wallRight = 0;
-    for (int column = 0; column <= TreeListDialog::kWall; ++column) {
-        TVCOLUMNW record{};
-        record.mask = TVCF_WIDTH;
-        Tree().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
-        wallLeft = wallRight;
-        wallRight += record.cx;
-    }
+    for (int column = 0; column < TreeListDialog::kWall; ++column) wallLeft += ColumnWidth(column);
+    const int wallRight = wallLeft + ColumnWidth(TreeListDialog::kWall);
     SetFocus(dialog().Item(IDOK));  // not focused: the selection shows in the button face colour
 
     const gui::ClientPicture picture(Tree().Handle());

@@ -13,20 +13,18 @@ TEST(DialogMetrics, ScaleIsTheDensityOver96AndOneWhenUnknown) {
 }
 
 TEST(DialogMetrics, HeadingFollowsTheScale) {
-    const HeadingLayout at96 = HeadingLayoutForScale(1.0f);
-    EXPECT_EQ(at96.margin, 18);
-    EXPECT_EQ(at96.ruleY, 45);
-    EXPECT_EQ(at96.textY, 18);
-
-    const HeadingLayout at144 = HeadingLayoutForScale(ScaleFromDpi(144, 144));
-    EXPECT_EQ(at144.margin, 27);
-    EXPECT_EQ(at144.ruleY, 67);  // 67.5 truncated
-    EXPECT_EQ(at144.textY, 26);  // 4 * 67 / 10
-
-    const HeadingLayout at120 = HeadingLayoutForScale(ScaleFromDpi(120, 120));
-    EXPECT_EQ(at120.margin, 22);
-    EXPECT_EQ(at120.ruleY, 56);
-    EXPECT_EQ(at120.textY, 22);
+    const struct {
+        unsigned dpi;
+        int margin;
+        int ruleY;
+        int textY;
+    } layouts[] = {{96, 18, 45, 18}, {120, 22, 56, 22}, {144, 27, 67, 26}};  // at 144: 67.5 truncated, 4 * 67 / 10
+    for (const auto& [dpi, margin, ruleY, textY] : layouts) {
+        const HeadingLayout layout = HeadingLayoutForScale(ScaleFromDpi(dpi, dpi));
+        EXPECT_EQ(layout.margin, margin) << dpi;
+        EXPECT_EQ(layout.ruleY, ruleY) << dpi;
+        EXPECT_EQ(layout.textY, textY) << dpi;
+    }
 }
 
 TEST(DialogMetrics, ThirteenPointFontsAndTheirBoldHeading) {

@@ -124,12 +124,9 @@ TEST(EditorPlace, WidthFromTheTextWithItsAllowances) {
 
 TEST(EditorPlace, CaretGoesToTheNearerCharacterBoundary) {
     const std::vector<int> extents{8, 16, 30};
-    EXPECT_EQ(CaretAtOffset(extents, 0), 0);
-    EXPECT_EQ(CaretAtOffset(extents, 3), 0);
-    EXPECT_EQ(CaretAtOffset(extents, 4), 1);
-    EXPECT_EQ(CaretAtOffset(extents, 22), 2);
-    EXPECT_EQ(CaretAtOffset(extents, 23), 3);
-    EXPECT_EQ(CaretAtOffset(extents, 500), 3);
+    for (const auto& [offset, caret] : {std::pair{0, 0}, {3, 0}, {4, 1}, {22, 2}, {23, 3}, {500, 3}}) {
+        EXPECT_EQ(CaretAtOffset(extents, offset), caret) << offset;
+    }
     EXPECT_EQ(CaretAtOffset({}, 5), 0);
 }
 

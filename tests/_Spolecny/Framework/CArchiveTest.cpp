@@ -67,27 +67,24 @@ TEST(ArchiveBuffer, DestructionWritesWhatIsStillBuffered) {
     EXPECT_EQ(file.Bytes(), Hex("03 FF"));
 }
 
-// Written length headers, after the wide tag FF FE FF.
-Bytes LengthHeaderOf(std::size_t length) {
-    const Bytes bytes = StoredBytes([&](CArchive& archive) { archive.WriteString(std::u16string(length, u'x')); });
-    return Bytes(bytes.begin() + 3, bytes.end() - static_cast<std::ptrdiff_t>(2 * length));
-}
-
-TEST(ArchiveStrings, WideStringsUseTheShortestLengthForm) {
+TEST(ArchiveStrings, WideStringsUseTheShortestLengthFormAndReadBack) {
     EXPECT_EQ(StoredBytes([](CArchive& archive) { archive.WriteString(u"Př"); }), Hex("FF FE FF 02 50 00 59 01"));
-    EXPECT_EQ(StoredBytes([](CArchive& archive) { archive.WriteString(u""); }), Hex("FF FE FF 00"));
-    EXPECT_EQ(LengthHeaderOf(254), Hex("FE"));
-    EXPECT_EQ(LengthHeaderOf(255), Hex("FF FF 00"));
-    EXPECT_EQ(LengthHeaderOf(0xFFFD), Hex("FF FD FF"));
-    EXPECT_EQ(LengthHeaderOf(0xFFFE), Hex("FF FF FF FE FF 00 00"));
-}
-
-TEST(ArchiveStrings, EveryLengthFormReadsBack) {
-    for (std::size_t length : {0u, 254u, 255u, 0xFFFDu, 0xFFFEu, 70000u}) {
+    const struct {
+        std::size_t length;
+        const char* header;  // after the wide tag FF FE FF
+    } forms[] = {{0, "00"},
+                 {254, "FE"},
+                 {255, "FF FF 00"},
+                 {0xFFFD, "FF FD FF"},
+                 {0xFFFE, "FF FF FF FE FF 00 00"},
+                 {70000, "FF FF FF 70 11 01 00"}};
+    for (const auto& [length, header] : forms) {
+        SCOPED_TRACE(length);
         std::u16string text(length, u'ř');
-        if (length > 0) text[length - 1] = u'Z';
+        if (length > 0) text.back() = u'Z';
         const Bytes bytes = StoredBytes([&](CArchive& archive) { archive.WriteString(text); });
-        LoadBytes(bytes, [&](CArchive& archive) { EXPECT_EQ(archive.ReadString(), text) << length; });
+        EXPECT_EQ(Bytes(bytes.begin() + 3, bytes.end() - static_cast<std::ptrdiff_t>(2 * length)), Hex(header));
+        LoadBytes(bytes, [&](CArchive& archive) { EXPECT_EQ(archive.ReadString(), text); });
     }
     // The 64-bit form is never written for real texts, but a reader takes it.
     LoadBytes(Hex("FF FE FF FF FF FF FF FF FF FF 02 00 00 00 00 00 00 00 61 00 62 00"),

@@ -2,66 +2,55 @@
 
 #include <gtest/gtest.h>
 
+#include "TextCodec.h"
 #include "support/MaterialFixture.h"
 #include "support/ThrownText.h"
 
 namespace {
 
-TEST(MaterialConstruction, DefaultsForReadingAndForANewMaterial) {
+TEST(MaterialConstruction, NewMaterialTakesZeroMasksAsAllWithTheDefaultRoughnessAndShape) {
     CQvxSezMaterialu list;
-    const CQvxMaterial read(&list);
-    EXPECT_EQ(read.FileIndex(), -2);
-    EXPECT_EQ(read.GetDescriptionMode(), DescriptionMode::DxT);
-    EXPECT_EQ(read.Placement(), 3);
-    EXPECT_EQ(read.Medium(), 31);
-    EXPECT_EQ(read.PnIndex(), -1);
-    EXPECT_EQ(read.SdrIndex(), -1);
-    EXPECT_EQ(read.Roughness(), 0.0f);
-
     const CQvxMaterial created(&list, u"PVC KG", 0, 0);
-    EXPECT_EQ(created.UniqueName(), u"PVC KG");
     EXPECT_EQ(created.Placement(), kPlacementAll);
     EXPECT_EQ(created.Medium(), kMediumAll);
     EXPECT_EQ(created.Roughness(), 0.00001f);
     EXPECT_EQ(created.Shape(), ProfileShape::Circle);
-    EXPECT_TRUE(created.Profiles().empty());
+}
+
+TEST(AddProfileDefaults, FollowTheDnTheLabelModeAndTheSdrRow) {
+    const float sdrWall = 110.0f / 7.2f;  // "SDr 7.4" carries 7.2
+    const struct {
+        DescriptionMode mode;
+        int sdrIndex;  // -1: the new material's, never edited
+        int dnIndex;
+        float wall;
+        float inner;
+        const char16_t* label;
+    } cases[] = {
+        {DescriptionMode::Dn, 0, 18, 3.0f, 350.0f, u"DN 350"},    // a wall of 3 below DN 400
+        {DescriptionMode::Dn, 0, 19, 5.0f, 400.0f, u"DN 400"},    // and of 5 from it
+        {DescriptionMode::DxT, 0, 11, 3.0f, 104.0f, u"110x3.0"},  // outer-diameter modes derive the inner one
+        {DescriptionMode::DxT, 2, 11, sdrWall, 110.0f - 2.0f * sdrWall, u"110x15.3"},
+        {DescriptionMode::DxT, -1, 20, 5.0f, 440.0f, u"450x5.0"},  // no SDR row at all: the default wall
+    };
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(ToUtf8(expected.label));
+        CQvxSezMaterialu list;
+        CQvxMaterial material(&list, u"PE", kPlacementAll, kMediumAll);
+        if (expected.sdrIndex >= 0) {
+            EditMaterial(material, [&](MaterialExchangeRecord& record) {
+                record.descriptionMode = expected.mode;
+                record.sdrIndex = expected.sdrIndex;
+            });
+        }
+        const CQvxProfil* profile = material.AddProfile(expected.dnIndex);
+        EXPECT_EQ(profile->Wall(), expected.wall);
+        EXPECT_EQ(profile->InnerDiameter(), expected.inner);
+        EXPECT_EQ(profile->Label(), expected.label);
+    }
 }
 
 using AddProfile = MaterialFixture;
-
-TEST_F(AddProfile, DefaultWallIsThreeBelowDn400AndFiveFrom) {
-    Describe(DescriptionMode::Dn);
-    const CQvxProfil* dn350 = material.AddProfile(18);
-    const CQvxProfil* dn400 = material.AddProfile(19);
-    EXPECT_EQ(dn350->Wall(), 3.0f);
-    EXPECT_EQ(dn350->InnerDiameter(), 350.0f);
-    EXPECT_EQ(dn400->Wall(), 5.0f);
-    EXPECT_EQ(dn400->InnerDiameter(), 400.0f);
-}
-
-TEST_F(AddProfile, OuterDiameterModesDeriveTheInnerDiameter) {
-    Describe(DescriptionMode::DxT, 0);
-    const CQvxProfil* plain = material.AddProfile(11);
-    EXPECT_EQ(plain->Wall(), 3.0f);
-    EXPECT_EQ(plain->InnerDiameter(), 104.0f);
-    EXPECT_EQ(plain->Label(), u"110x3.0");
-}
-
-TEST_F(AddProfile, SdrRowGivesTheWall) {
-    Describe(DescriptionMode::DxT, 2);  // "SDr 7.4" carries 7.2
-    const CQvxProfil* profile = material.AddProfile(11);
-    const float wall = 110.0f / 7.2f;
-    EXPECT_EQ(profile->Wall(), wall);
-    EXPECT_EQ(profile->InnerDiameter(), 110.0f - 2.0f * wall);
-    EXPECT_EQ(profile->Label(), u"110x15.3");
-}
-
-TEST_F(AddProfile, MaterialWithoutSdrChoiceGetsTheDefaultWall) {
-    ASSERT_EQ(material.SdrIndex(), -1);
-    const CQvxProfil* profile = material.AddProfile(20);
-    EXPECT_EQ(profile->Wall(), 5.0f);
-    EXPECT_EQ(profile->InnerDiameter(), 440.0f);
-}
 
 TEST_F(AddProfile, RefusesATakenOrUnknownIndex) {
     ASSERT_NE(material.AddProfile(4), nullptr);
@@ -141,43 +130,32 @@ TEST_F(ExchangeRecord, TakesEveryField) {
 }
 
 TEST_F(ExchangeRecord, RoughnessOfMinusThousandComesFromTheText) {
-    MaterialExchangeRecord record = material.MakeExchangeRecord();
-    record.pnIndex = 0;
-    record.sdrIndex = 0;
-    record.roughness = MaterialExchangeRecord::kRoughnessFromText;
-    record.roughnessText = u" 0.25 mm";
-    material.ApplyExchangeRecord(record);
-    EXPECT_EQ(material.Roughness(), 0.25f);
-
-    record.roughnessText = u"drsnost";
-    material.ApplyExchangeRecord(record);
-    EXPECT_EQ(material.Roughness(), 0.0f);
+    for (const auto& [text, roughness] : {std::pair{u" 0.25 mm", 0.25f}, std::pair{u"drsnost", 0.0f}}) {
+        EditMaterial(material, [text = text](MaterialExchangeRecord& record) {
+            record.roughness = MaterialExchangeRecord::kRoughnessFromText;
+            record.roughnessText = text;
+        });
+        EXPECT_EQ(material.Roughness(), roughness);
+    }
 }
 
 TEST_F(ExchangeRecord, RefusalsCarryTheirLines) {
-    MaterialExchangeRecord record = material.MakeExchangeRecord();
-    record.pnIndex = 0;
-    record.sdrIndex = 0;
-
-    MaterialExchangeRecord foreign = record;
-    foreign.uniqueName = u"pe";
-    EXPECT_EQ(ThrownText([&] { material.ApplyExchangeRecord(foreign); }),
-              MaterialError(u"Jméno materiálu v předané struktuře nesouhlasí", 211));
-
-    MaterialExchangeRecord longMaker = record;
-    longMaker.manufacturer = std::u16string(26, u'v');
-    EXPECT_EQ(ThrownText([&] { material.ApplyExchangeRecord(longMaker); }),
-              MaterialError(u"Příliš dlouhý výrobce", 212));
-
-    MaterialExchangeRecord longPrefix = record;
-    longPrefix.prefix = u"12345";
-    EXPECT_EQ(ThrownText([&] { material.ApplyExchangeRecord(longPrefix); }),
-              MaterialError(u"Chyba při kopírování řetězce v paměti", 232));
-
-    MaterialExchangeRecord longSuffix = record;
-    longSuffix.suffix = u"12345";
-    EXPECT_EQ(ThrownText([&] { material.ApplyExchangeRecord(longSuffix); }),
-              MaterialError(u"Chyba při kopírování řetězce v paměti", 234));
+    using Change = void (*)(MaterialExchangeRecord&);
+    const struct {
+        Change change;
+        const char16_t* message;
+        int line;
+    } refusals[] = {
+        {[](MaterialExchangeRecord& r) { r.uniqueName = u"pe"; }, u"Jméno materiálu v předané struktuře nesouhlasí",
+         211},
+        {[](MaterialExchangeRecord& r) { r.manufacturer = std::u16string(26, u'v'); }, u"Příliš dlouhý výrobce", 212},
+        {[](MaterialExchangeRecord& r) { r.prefix = u"12345"; }, u"Chyba při kopírování řetězce v paměti", 232},
+        {[](MaterialExchangeRecord& r) { r.suffix = u"12345"; }, u"Chyba při kopírování řetězce v paměti", 234},
+    };
+    for (const auto& refusal : refusals) {
+        EXPECT_EQ(ThrownText([&] { EditMaterial(material, refusal.change); }),
+                  MaterialError(refusal.message, refusal.line));
+    }
 }
 
 TEST_F(ExchangeRecord, MissingPnOrSdrThrowsAfterTakingTheFieldsBeforeIt) {
@@ -203,23 +181,25 @@ TEST_F(MaterialComparison, IsEqualUsesNamesAndProfilesWithinTolerances) {
     EXPECT_TRUE(material.IsEqual(other));
 
     // Fields outside the comparison do not matter.
-    MaterialExchangeRecord record = other.MakeExchangeRecord();
-    record.pnIndex = 4;
-    record.sdrIndex = 4;
-    record.roughness = 2.0;
-    record.medium = kMediumGas;
-    other.ApplyExchangeRecord(record);
+    EditMaterial(other, [](MaterialExchangeRecord& record) {
+        record.pnIndex = 4;
+        record.sdrIndex = 4;
+        record.roughness = 2.0;
+        record.medium = kMediumGas;
+    });
     EXPECT_TRUE(material.IsEqual(other));
 
     CQvxProfil* theirs = other.FindProfile(11);
-    theirs->SetDimensions(100.0009f, 5.0f);
-    EXPECT_TRUE(material.IsEqual(other));
-    theirs->SetDimensions(100.002f, 5.0f);
-    EXPECT_FALSE(material.IsEqual(other));
-    theirs->SetDimensions(100.0f, 5.00005f);
-    EXPECT_TRUE(material.IsEqual(other));
-    theirs->SetDimensions(100.0f, 5.0002f);
-    EXPECT_FALSE(material.IsEqual(other));
+    const struct {
+        float inner;
+        float wall;
+        bool equal;
+    } dimensions[] = {
+        {100.0009f, 5.0f, true}, {100.002f, 5.0f, false}, {100.0f, 5.00005f, true}, {100.0f, 5.0002f, false}};
+    for (const auto& [inner, wall, equal] : dimensions) {
+        theirs->SetDimensions(inner, wall);
+        EXPECT_EQ(material.IsEqual(other), equal) << inner << " x " << wall;
+    }
     theirs->SetDimensions(100.0f, 5.0f);
     theirs->SetUrsMaterialCode(u"X");
     EXPECT_FALSE(material.IsEqual(other));
@@ -229,24 +209,17 @@ TEST_F(MaterialComparison, IsEqualUsesNamesAndProfilesWithinTolerances) {
 }
 
 TEST_F(MaterialComparison, NamesCompareExactly) {
-    CQvxMaterial other(&list, material);
-    MaterialExchangeRecord record = other.MakeExchangeRecord();
-    record.pnIndex = 0;
-    record.sdrIndex = 0;
-    record.manufacturer = u"Pipelife";
-    other.ApplyExchangeRecord(record);
-    EXPECT_FALSE(material.IsEqual(other));
-    record.manufacturer = u"";
-    record.displayName = u"pe";
-    other.ApplyExchangeRecord(record);
-    EXPECT_FALSE(material.IsEqual(other));
+    CQvxMaterial maker(&list, material);
+    EditMaterial(maker, [](MaterialExchangeRecord& record) { record.manufacturer = u"Pipelife"; });
+    EXPECT_FALSE(material.IsEqual(maker));
+    CQvxMaterial displayName(&list, material);
+    EditMaterial(displayName, [](MaterialExchangeRecord& record) { record.displayName = u"pe"; });
+    EXPECT_FALSE(material.IsEqual(displayName));
 }
 
 TEST_F(MaterialComparison, CopyLeavesShapeAndFileIndexBehind) {
     Describe(DescriptionMode::Custom, 4, true, u"A", u"B");
-    MaterialExchangeRecord record = material.MakeExchangeRecord();
-    record.shape = ProfileShape::EggPrague;
-    material.ApplyExchangeRecord(record);
+    EditMaterial(material, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::EggPrague; });
     material.SetFileIndex(7);
     material.AddProfile(2);
     CQvxMaterial* slot = &material;
@@ -264,16 +237,6 @@ TEST_F(MaterialComparison, CopyLeavesShapeAndFileIndexBehind) {
     ASSERT_EQ(copy.Profiles().size(), 1u);
     EXPECT_EQ(copy.FindProfile(2)->Owner(), &copy);
     EXPECT_EQ(copy.Owner(), &otherList);
-}
-
-TEST(MaterialLifetime, DestructionClearsRegisteredSlots) {
-    CQvxSezMaterialu list;
-    auto material = std::make_unique<CQvxMaterial>(&list, u"PP", kPlacementAll, kMediumAll);
-    CQvxMaterial* slot = material.get();
-    material->Users().Register(&slot);
-    EXPECT_FALSE(material->Users().IsEmpty());
-    material.reset();
-    EXPECT_EQ(slot, nullptr);
 }
 
 }  // namespace

@@ -14,52 +14,39 @@ namespace {
 
 using ProfileLabels = MaterialFixture;
 
-TEST_F(ProfileLabels, OuterTimesWallLabel) {
-    Describe(DescriptionMode::DxT);
-    CQvxProfil* profile = material.AddProfile(11);
-    profile->SetDimensions(96.8f, 6.6f);
-    EXPECT_EQ(profile->Label(), u"110x6.6");
-    EXPECT_EQ(profile->ShortLabel(), u"d110");
-}
-
-TEST_F(ProfileLabels, DnLabelUsesTheTableValueWhateverTheDiameter) {
-    Describe(DescriptionMode::Dn);
-    CQvxProfil* profile = material.AddProfile(27);
-    profile->SetDimensions(1187.3f, 12.0f);
-    EXPECT_EQ(profile->Label(), u"DN 1200");
-    EXPECT_EQ(profile->ShortLabel(), u"1200");
-}
-
-TEST_F(ProfileLabels, CustomLabelOnInnerOrOuterDiameter) {
-    Describe(DescriptionMode::Custom, 0, true, u"DN", u"mm");
-    CQvxProfil* profile = material.AddProfile(11);
-    profile->SetDimensions(96.8f, 6.6f);
-    EXPECT_EQ(profile->Label(), u"DN97mm");
-    EXPECT_EQ(profile->ShortLabel(), u"d110");
-
-    Describe(DescriptionMode::Custom, 0, false, u"d", u"/PE");
-    EXPECT_EQ(profile->Label(), u"d110/PE");
-    EXPECT_EQ(profile->ShortLabel(), u"d110");
-}
-
-TEST_F(ProfileLabels, UnknownModeIsCustom) {
-    Describe(static_cast<DescriptionMode>(7), 0, false, u"x", u"");
-    CQvxProfil* profile = material.AddProfile(8);
-    EXPECT_EQ(profile->Label(), u"x63");
-}
-
-// The C library rounds the exact binary value half to even: the labels must do the same.
-TEST_F(ProfileLabels, NumbersRoundLikePrintf) {
-    Describe(DescriptionMode::DxT);
-    CQvxProfil* profile = material.AddProfile(0);
-    profile->SetDimensions(2.5f, 0.0f);  // 2.5 is exact: half to even
-    EXPECT_EQ(profile->ShortLabel(), u"d2");
-    profile->SetDimensions(3.5f - 0.5f, 0.25f);  // OD 3.5, wall 0.25 exact: 4 and 0.2
-    EXPECT_EQ(profile->Label(), u"4x0.2");
-    profile->SetDimensions(0.0f, 6.65f);  // 6.65f is 6.6500000953...: rounds up
-    EXPECT_EQ(profile->Label(), u"13x6.7");
-    profile->SetDimensions(0.0f, 0.35f);  // 0.35f is 0.3499999940...: rounds down
-    EXPECT_EQ(profile->Label(), u"1x0.3");
+// Numbers round as printf rounds the exact binary value: half to even.
+TEST_F(ProfileLabels, FollowTheModeAndItsAffixesAndRoundLikePrintf) {
+    const DescriptionMode unknown = static_cast<DescriptionMode>(7);  // taken as custom
+    const struct {
+        DescriptionMode mode;
+        bool onInner;
+        const char16_t* prefix;
+        const char16_t* suffix;
+        int dnIndex;
+        float inner;
+        float wall;
+        const char16_t* label;
+        const char16_t* shortLabel;
+    } cases[] = {
+        {DescriptionMode::DxT, false, u"", u"", 11, 96.8f, 6.6f, u"110x6.6", u"d110"},
+        {DescriptionMode::Dn, false, u"", u"", 27, 1187.3f, 12.0f, u"DN 1200", u"1200"},  // the table's DN
+        {DescriptionMode::Custom, true, u"DN", u"mm", 11, 96.8f, 6.6f, u"DN97mm", u"d110"},
+        {DescriptionMode::Custom, false, u"d", u"/PE", 11, 96.8f, 6.6f, u"d110/PE", u"d110"},
+        {unknown, false, u"x", u"", 8, 57.0f, 3.0f, u"x63", u"d63"},
+        {DescriptionMode::DxT, false, u"", u"", 0, 2.5f, 0.0f, u"2x0.0", u"d2"},     // 2.5 is exact
+        {DescriptionMode::DxT, false, u"", u"", 0, 3.0f, 0.25f, u"4x0.2", u"d4"},    // 3.5 and 0.25 are exact
+        {DescriptionMode::DxT, false, u"", u"", 0, 0.0f, 6.65f, u"13x6.7", u"d13"},  // 6.65f is 6.6500000953...
+        {DescriptionMode::DxT, false, u"", u"", 0, 0.0f, 0.35f, u"1x0.3", u"d1"},    // 0.35f is 0.3499999940...
+    };
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(ToUtf8(expected.label));
+        material.DeleteAllProfiles();
+        Describe(expected.mode, 0, expected.onInner, expected.prefix, expected.suffix);
+        CQvxProfil* profile = material.AddProfile(expected.dnIndex);
+        profile->SetDimensions(expected.inner, expected.wall);
+        EXPECT_EQ(profile->Label(), expected.label);
+        EXPECT_EQ(profile->ShortLabel(), expected.shortLabel);
+    }
 }
 
 // Labels are built without printf; they must still read exactly as printf writes the numbers.
@@ -67,7 +54,7 @@ TEST_F(ProfileLabels, LabelsMatchPrintfOverManyValues) {
     Describe(DescriptionMode::DxT);
     CQvxProfil* profile = material.AddProfile(11);
     std::mt19937 random(1234);
-    std::uniform_int_distribution<int> eighths(0, 72000);  // ties at .5 and .05 included
+    std::uniform_int_distribution<int> eighths(0, 72000);      // ties at .5 and .05 included
     std::uniform_real_distribution<float> any(0.0f, 9000.0f);  // short labels hold 4 digits
     for (int i = 0; i < 20000; ++i) {
         const float inner = i % 2 == 0 ? static_cast<float>(eighths(random)) / 8.0f : any(random);
@@ -100,8 +87,7 @@ TEST_F(ProfileLabels, LabelsThatDoNotFitThrowWithTheFormatLine) {
 TEST_F(ProfileLabels, DnLabelOfAProfileWithoutIndexThrows) {
     Describe(DescriptionMode::Dn);
     CQvxProfil unread(material);  // as a file read starts it: DN index -1
-    EXPECT_EQ(ThrownText([&] { unread.BuildLabels(); }),
-              MaterialError(u"Nepodařilo se vytvořit popis", 28));
+    EXPECT_EQ(ThrownText([&] { unread.BuildLabels(); }), MaterialError(u"Nepodařilo se vytvořit popis", 28));
 }
 
 using ProfileRecord = MaterialFixture;

@@ -17,10 +17,7 @@ std::vector<std::u16string> NamesOf(const CQvxSezMaterialu& list) {
 }
 
 void SetRoughness(CQvxMaterial& material, double roughness) {
-    MaterialExchangeRecord record = material.MakeExchangeRecord();
-    record.roughness = roughness;
-    record.pnIndex = record.sdrIndex = 0;
-    material.ApplyExchangeRecord(record);
+    EditMaterial(material, [&](MaterialExchangeRecord& record) { record.roughness = roughness; });
 }
 
 TEST(MaterialList, OrdersNamesByCodeUnitsCaseSensitively) {
@@ -224,10 +221,8 @@ TEST_F(CatalogueMerge, ProjectStreamsKeepMaterialsThatCoverTheIncomingOnes) {
     ReadCatalogue(list, WriteCatalogue(file));
     CQvxMaterial& pe = *list.Find(u"PE");
     pe.AddProfile(20);
-    MaterialExchangeRecord record = pe.MakeExchangeRecord();
-    record.displayName = u"jiný popisek";  // not compared for project streams
-    record.pnIndex = record.sdrIndex = 0;
-    pe.ApplyExchangeRecord(record);
+    // The display name does not take part in the comparison for project streams.
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.displayName = u"jiný popisek"; });
 
     ReadCatalogue(list, WriteCatalogue(file), true);
     EXPECT_TRUE(messages.shown.empty());

@@ -98,9 +98,7 @@ TEST_F(CatalogueFiles, NewerVersionIsReportedAndTheStandardCatalogueIsNotTried) 
     EXPECT_FALSE(list.LoadCatalogue(false));
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
-    EXPECT_EQ(messages.shown[0].text,
-              ExceptionText(u"Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", 257,
-                            u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
+    EXPECT_EQ(messages.shown[0].text, NewerVersionError(257, u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
     EXPECT_EQ(list.Count(), 0u);
 }
 
@@ -115,10 +113,7 @@ TEST_F(CatalogueFiles, MissingRegistryValueIsReportedWithItsText) {
     CRegistryValuesScope installed(empty);
     EXPECT_FALSE(list.LoadCatalogue(false));
     ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text,
-              ExceptionText(u"Nelze načíst Install/Data Path z registru Windows (z HKLM ani z HKCU), chyba instalace "
-                            u"programu",
-                            149, u"_Spolecny\\CQvxRegistry"));
+    EXPECT_EQ(messages.shown[0].text, MissingRegistryValueError());
 }
 
 TEST_F(CatalogueFiles, EmptyListIsNeverWritten) {
