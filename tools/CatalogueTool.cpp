@@ -67,7 +67,7 @@ struct Invocation {
     }
 };
 
-struct CommandSpec {
+struct CommandEntry {
     std::string_view name;
     std::string_view operands;  // for messages: "<složka CSV> <katalog.qxp>"
     std::size_t operandCount;
@@ -181,8 +181,8 @@ int Merge(const Invocation& call, std::ostream& out, std::ostream& err) {
     return kExitDone;
 }
 
-const std::vector<CommandSpec>& Commands() {
-    static const std::vector<CommandSpec> commands = {
+const std::vector<CommandEntry>& Commands() {
+    static const std::vector<CommandEntry> commands = {
         {"csv2qxp", "<složka CSV> <katalog.qxp>", 2, {}, ConvertCsvToCatalogue},
         {"qxp2csv", "<katalog.qxp> <složka CSV>", 2, {}, ConvertCatalogueToCsv},
         {"print", "<katalog.qxp>", 1, {}, Print},
@@ -196,7 +196,7 @@ const std::vector<CommandSpec>& Commands() {
     return commands;
 }
 
-Invocation Parse(const CommandSpec& command, std::span<const std::u16string> words) {
+Invocation Parse(const CommandEntry& command, std::span<const std::u16string> words) {
     Invocation call;
     for (const std::u16string& word : words) {
         const std::string text = ToUtf8(word);
@@ -234,7 +234,7 @@ int RunCatalogueTool(const std::vector<std::u16string>& arguments, std::ostream&
     try {
         const auto& commands = Commands();
         const auto command =
-            std::find_if(commands.begin(), commands.end(), [&](const CommandSpec& spec) { return spec.name == word; });
+            std::find_if(commands.begin(), commands.end(), [&](const CommandEntry& entry) { return entry.name == word; });
         if (command == commands.end()) throw UsageError("neznámý příkaz " + word + ".");
         return command->run(Parse(*command, std::span(arguments).subspan(1)), out, err);
     } catch (const UsageError& failure) {

@@ -47,14 +47,14 @@ constexpr std::array<std::string_view, kProfileColumnCount> kProfileHeaders = {
     "Materiál", "DN", "OD [mm]", "Stěna [mm]", "ID / výška [mm]", "Šířka [mm]", "Kód URS materiál", "Kód URS montáž",
 };
 
-struct SheetSpec {
+struct SheetLayout {
     std::string_view name;
     std::span<const std::string_view> headers;
     int optionalColumn;  // may be left out of the sheet
 };
 
-constexpr SheetSpec kMaterialsSheet{kMaterialsSheetName, kMaterialHeaders, -1};
-constexpr SheetSpec kProfilesSheet{kProfilesSheetName, kProfileHeaders, kOuter};
+constexpr SheetLayout kMaterialsSheet{kMaterialsSheetName, kMaterialHeaders, -1};
+constexpr SheetLayout kProfilesSheet{kProfilesSheetName, kProfileHeaders, kOuter};
 
 std::string Quoted(std::string_view text) {
     return "„" + std::string(text) + "“";
@@ -97,25 +97,25 @@ private:
 };
 
 // Which field of a record holds each column of the sheet (-1: none); nullopt after a problem.
-std::optional<std::vector<int>> MapColumns(const SheetSpec& spec, const CsvRecord& header, ProblemLog& log) {
+std::optional<std::vector<int>> MapColumns(const SheetLayout& layout, const CsvRecord& header, ProblemLog& log) {
     const std::size_t problemsBefore = log.Count();
-    std::vector<int> fieldOf(spec.headers.size(), -1);
+    std::vector<int> fieldOf(layout.headers.size(), -1);
     for (std::size_t field = 0; field < header.fields.size(); ++field) {
         const std::string& title = header.fields[field];
-        const auto known = std::find(spec.headers.begin(), spec.headers.end(), title);
+        const auto known = std::find(layout.headers.begin(), layout.headers.end(), title);
         if (title.empty()) {
             log.Add(header.line, "Sloupec č. " + Number(field + 1) + " nemá v záhlaví název.");
-        } else if (known == spec.headers.end()) {
+        } else if (known == layout.headers.end()) {
             log.Add(header.line, "Neznámý sloupec " + Quoted(title) + ".");
-        } else if (int& slot = fieldOf[static_cast<std::size_t>(known - spec.headers.begin())]; slot >= 0) {
+        } else if (int& slot = fieldOf[static_cast<std::size_t>(known - layout.headers.begin())]; slot >= 0) {
             log.Add(header.line, "Sloupec " + Quoted(title) + " je v záhlaví dvakrát.");
         } else {
             slot = static_cast<int>(field);
         }
     }
     for (std::size_t column = 0; column < fieldOf.size(); ++column) {
-        if (fieldOf[column] < 0 && static_cast<int>(column) != spec.optionalColumn) {
-            log.Add(header.line, "Chybí sloupec " + Quoted(spec.headers[column]) + ".");
+        if (fieldOf[column] < 0 && static_cast<int>(column) != layout.optionalColumn) {
+            log.Add(header.line, "Chybí sloupec " + Quoted(layout.headers[column]) + ".");
         }
     }
     if (log.Count() != problemsBefore) return std::nullopt;
@@ -123,7 +123,7 @@ std::optional<std::vector<int>> MapColumns(const SheetSpec& spec, const CsvRecor
 }
 
 // The data rows of a sheet whose header and shape are sound; problems go to the log.
-std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, ProblemLog& log) {
+std::vector<SheetRow> ReadSheet(const SheetLayout& layout, std::string_view text, ProblemLog& log) {
     const CsvDocument document = ParseCsv(text);
     std::vector<SheetRow> rows;
     auto record =
@@ -132,7 +132,7 @@ std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, Pr
         if (!document.error) log.Add(1, "List je prázdný, chybí řádek záhlaví.");
     } else if (!std::all_of(record->fields.begin(), record->fields.end(), IsValidUtf8)) {
         log.Add(record->line, kNotUtf8);  // most likely a spreadsheet's export in the Windows code page
-    } else if (const auto fieldOf = MapColumns(spec, *record, log)) {
+    } else if (const auto fieldOf = MapColumns(layout, *record, log)) {
         const std::size_t width = record->fields.size();
         for (++record; record != document.records.end(); ++record) {
             if (record->IsBlank()) continue;
@@ -158,7 +158,7 @@ std::vector<SheetRow> ReadSheet(const SheetSpec& spec, std::string_view text, Pr
 // Reads the fields of one row, logging each field that is not valid.
 class RowReader {
 public:
-    RowReader(const SheetSpec& spec, const SheetRow& row, ProblemLog& log) : spec_(spec), row_(row), log_(log) {}
+    RowReader(const SheetLayout& layout, const SheetRow& row, ProblemLog& log) : layout_(layout), row_(row), log_(log) {}
 
     std::u16string Text(int column, std::size_t maxLength = std::u16string::npos) {
         std::u16string text = FromUtf8(row_[column]);
@@ -207,9 +207,9 @@ public:
     void Problem(std::string message) { log_.Add(row_.line, std::move(message)); }
 
 private:
-    std::string_view Header(int column) const { return spec_.headers[static_cast<std::size_t>(column)]; }
+    std::string_view Header(int column) const { return layout_.headers[static_cast<std::size_t>(column)]; }
 
-    const SheetSpec& spec_;
+    const SheetLayout& layout_;
     const SheetRow& row_;
     ProblemLog& log_;
 };
