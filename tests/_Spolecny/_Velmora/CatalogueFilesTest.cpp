@@ -8,6 +8,7 @@
 #include "CQvxRegistry.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
+#include "_Velmora/CatalogueStartup.h"
 #include "support/CatalogueBuilding.h"
 #include "support/FakeRegistryValues.h"
 #include "support/ScriptedUserMessages.h"
@@ -161,3 +162,37 @@ TEST_F(CatalogueFiles, MergeThatOverwritesSavesOnYes) {
 }
 
 }  // namespace
+
+// At start-up a malformed catalogue is reported with its path and byte, and the editor gets what
+// was read before the fault, unchanged, so the damaged file is not rewritten on its own.
+std::u16string Digits(std::size_t value) {
+    const std::string text = std::to_string(value);
+    return std::u16string(text.begin(), text.end());
+}
+
+TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
+    // Cut inside the second material: its last field starts at the last byte and runs past the end.
+    const Bytes cut(standardBytes.begin(), standardBytes.end() - 3);
+    for (const bool usersFile : {true, false}) {
+        fs::remove_all(root.Path() / "data" / "Velmora");
+        messages.shown.clear();
+        list.Clear(false);
+        const fs::path damaged = usersFile ? UserFile() : StandardFile();
+        WriteFile(damaged, cut);
+
+        LoadCatalogueAtStartup(list);
+
+        ASSERT_FALSE(messages.shown.empty());
+        EXPECT_EQ(messages.shown.back().caption, u"Neočekávaná výjimka");
+        EXPECT_EQ(messages.shown.back().text,
+                  u"Soubor katalogu končí předčasně:\n" + damaged.u16string() +
+                      u"\nChyba na bajtu " + Digits(cut.size() - 1) + u".\n\nEditor se otevře s materiály načtenými před chybou. Soubor se "
+                      u"přepíše, až uložíte změnu.");
+        EXPECT_EQ(list.Count(), 1u);
+        EXPECT_TRUE(list.IsUnchanged());
+        EXPECT_EQ(fs::exists(UserFile()), usersFile);  // the damaged file is not rewritten
+        if (usersFile) {
+            EXPECT_EQ(FileBytes(UserFile()), cut);
+        }
+    }
+}
