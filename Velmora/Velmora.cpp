@@ -1,16 +1,29 @@
+// The program: the material editor on the user's catalogue. It has no window of its own; the
+// process ends when the editor closes.
+
 #include <windows.h>
 #include <commctrl.h>
 
+#include "Win/CWin32RegistryValues.h"
 #include "Win/CWin32UserMessages.h"
+#include "_Velmora/CQvxSezMaterialu.h"
+#include "_Velmora/CatalogueStartup.h"
+#include "_Velmora/QxDlgMatEdituj.h"
 
-// The material editor is not built yet: the program introduces itself and ends.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
+    // Every class of the common-controls group that 0xFF names: list and tree views among them.
+    INITCOMMONCONTROLSEX controls{sizeof(controls), 0xFF};
     InitCommonControlsEx(&controls);
 
     CWin32UserMessages messages;
-    CUserMessagesScope installed(messages);
-    MessageBoxW(nullptr, L"Editor katalogu materiálů potrubí se připravuje.\nKatalog zatím zpracujte nástrojem velmora-katalog.",
-                L"Materiály potrubí", MB_OK | MB_ICONINFORMATION);
+    CUserMessagesScope installedMessages(messages);
+    CWin32RegistryValues registry;
+    CRegistryValuesScope installedRegistry(registry);
+
+    CQxDlgMatEdituj editor(nullptr);
+    CQvxSezMaterialu list;
+    LoadCatalogueAtStartup(list);
+    // Every installation kind and every medium; saving happens inside the editor.
+    editor.EditMaterials(list, {kPlacementAll, kMediumAll});
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "Dialogs/DialogMetrics.h"
 
 #include <cstdint>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -31,4 +32,12 @@ int PointFontHeight(int tenthsOfPoint, int dpiY) {
 
 int BoldFontHeight(int baseFontHeight) {
     return static_cast<int>(baseFontHeight * 0.76);
+}
+
+PixelRect AnchoredRect(const PixelRect& initial, const ResizeAnchor& anchor, int grownX, int grownY) {
+    const auto moved = [](int edge, float share, int grown) {
+        return edge + static_cast<int>(std::lround(share * static_cast<float>(grown)));
+    };
+    return {moved(initial.left, anchor.left, grownX), moved(initial.top, anchor.top, grownY),
+            moved(initial.right, anchor.right, grownX), moved(initial.bottom, anchor.bottom, grownY)};
 }

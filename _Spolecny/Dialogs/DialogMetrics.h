@@ -21,3 +21,25 @@ int PointFontHeight(int tenthsOfPoint, int dpiY);
 
 // The bold heading font's height: the base font's height times 0.76, truncated toward zero.
 int BoldFontHeight(int baseFontHeight);
+
+// How a control follows a dialog that is enlarged: the share (0 to 1) of the growth by which each
+// of its edges moves. {0, 0, 0, 0} stays put, {1, 1, 1, 1} keeps to the lower right corner,
+// {0, 0, 1, 1} grows with the dialog.
+struct ResizeAnchor {
+    float left;
+    float top;
+    float right;
+    float bottom;
+};
+
+struct PixelRect {
+    int left;
+    int top;
+    int right;
+    int bottom;
+
+    bool operator==(const PixelRect&) const = default;
+};
+
+// Where a control that was at `initial` goes when the client area has grown by (grownX, grownY).
+PixelRect AnchoredRect(const PixelRect& initial, const ResizeAnchor& anchor, int grownX, int grownY);

@@ -14,6 +14,11 @@ public:
     std::size_t Count() const { return slots_.size(); }
     void Clear() { slots_.clear(); }
 
+    // Points every registered place at `record`, the copy that now stands for the original.
+    void PointAllAt(T* record) {
+        for (T** slot : slots_) *slot = record;
+    }
+
     // Tells every registered place that the record is gone.
     void ReleaseAll() {
         for (T** slot : slots_) *slot = nullptr;

@@ -1,9 +1,11 @@
 #include "_Velmora/MaterialEditRules.h"
 
 #include <cstdio>
+#include <cwchar>
 #include <memory>
 
 #include "CQvxException.h"
+#include "Dialogs/InputChecks.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 
@@ -132,4 +134,19 @@ ApplyResult ApplyMaterialEdit(CQvxSezMaterialu& list, EditMode mode, const Mater
     list.MarkChanged();
     edited->ApplyExchangeRecord(fields);
     return {ApplyOutcome::Applied, edited};
+}
+
+bool IsRoughnessText(const wchar_t* text) {
+    if (!IsDecimal(text)) return false;
+    const double value = std::wcstod(text, nullptr);
+    return value >= 0.01 && value <= 3.0;
+}
+
+void HandBackToCaller(CQvxSezMaterialu& working, CQvxSezMaterialu& callers) {
+    callers.AssignFrom(working);
+    working.ClearUsage();
+    for (const auto& [name, material] : callers.Materials()) {
+        material->Users().PointAllAt(material.get());
+        for (const auto& [dnIndex, profile] : material->Profiles()) profile->Users().PointAllAt(profile.get());
+    }
 }

@@ -90,3 +90,17 @@ struct ApplyResult {
 // a new material whose fields are refused is taken out of the list again.
 ApplyResult ApplyMaterialEdit(CQvxSezMaterialu& list, EditMode mode, const MaterialExchangeRecord& fields,
                               CQvxMaterial* edited);
+
+// "Drsnost [mm]:" as a whole: a decimal number from 0.01 to 3.0.
+bool IsRoughnessText(const wchar_t* text);
+
+// The description dialog's diameter radios ("Vnější průměr", "Vnitřní průměr"): the flag is 0 only
+// when the first is checked, so that neither checked means the inner diameter.
+inline int InnerDiameterFlagForRadio(int checkedPosition) {
+    return checkedPosition == 0 ? 0 : 1;
+}
+
+// OK of the editor, after saving: the caller's list takes the working copy, the copy's records no
+// longer count as used, and every place that used a record of the caller's list is pointed at the
+// record of the same name (and DN) that replaced it.
+void HandBackToCaller(CQvxSezMaterialu& working, CQvxSezMaterialu& callers);

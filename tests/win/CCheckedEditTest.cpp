@@ -76,7 +76,7 @@ TEST_F(CheckedEdit, DecimalCommaBecomesAPointAndATrailingPointIsInvalid) {
 }
 
 TEST_F(CheckedEdit, FullFieldRefusesTheNextCharacterWithBeepAndBalloon) {
-    const HWND name = Field(IDC_NAME);
+    const HWND name = Field(IDC_DEMO_NAME);
     SetFocus(name);
     gui::Type(name, u"Trubka PE-HD 110x6,6");  // 20 characters
     EXPECT_EQ(beeps.Heard(), 0);
@@ -119,7 +119,7 @@ TEST_F(CheckedEdit, BlankTextCountsAsEmpty) {
 }
 
 TEST_F(CheckedEdit, LeavingTrimsSilentlyAndTellsTheParentTheTrimmedText) {
-    const HWND name = Field(IDC_NAME);
+    const HWND name = Field(IDC_DEMO_NAME);
     SetFocus(name);
     gui::Type(name, u"PE 100  ");
     dialog.killFocus.clear();

@@ -17,7 +17,7 @@ DemoDialog::DemoDialog(std::u16string heading, HWND parent)
     decimal.Rules().filter = CommaToPoint;
     AddToolTip(IDC_ADD, u"Přidej materiál");
     AddToolTip(IDC_DELETE, u"Vymaž materiál");
-    AddToolTip(IDC_NAME, u"Zkrácený název materiálu");
+    AddToolTip(IDC_DEMO_NAME, u"Zkrácený název materiálu");
 }
 
 BOOL DemoDialog::OnInitDialog() {
@@ -34,14 +34,14 @@ BOOL DemoDialog::OnInitDialog() {
 void DemoDialog::DoDataExchange(CDataExchange& exchange) {
     exchange.Control(IDC_WHOLE, whole);
     exchange.Control(IDC_DECIMAL, decimal);
-    exchange.Control(IDC_NAME, name);
+    exchange.Control(IDC_DEMO_NAME, name);
     exchange.Control(IDC_EMAIL, email);
     exchange.Control(IDC_FILE, file);
     exchange.Control(IDC_LIST, list);
     exchange.Control(IDC_ADD, add);
     exchange.Control(IDC_DELETE, remove);
-    exchange.Text(IDC_NAME, nameText);
-    exchange.MaxChars(IDC_NAME, nameText, 20);
+    exchange.Text(IDC_DEMO_NAME, nameText);
+    exchange.MaxChars(IDC_DEMO_NAME, nameText, 20);
     exchange.Check(IDC_WATER, water);
     exchange.Radio(IDC_CIRCLE, shape);
     exchange.ComboIndex(IDC_CLASS, pressureClass);

@@ -4,7 +4,7 @@
 #define IDD_DEMO 2000
 #define IDC_WHOLE 2001
 #define IDC_DECIMAL 2002
-#define IDC_NAME 2003
+#define IDC_DEMO_NAME 2003
 #define IDC_EMAIL 2004
 #define IDC_FILE 2005
 #define IDC_WATER 2006

@@ -20,15 +20,15 @@ TEST(DataExchange, OpeningFillsTheControlsAndOkReadsThemBack) {
     dialog.pressureClass = 2;
     ASSERT_TRUE(dialog.Create());
 
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_NAME)), u"Kamenina");
-    EXPECT_EQ(SendMessageW(dialog.Item(IDC_NAME), EM_GETLIMITTEXT, 0, 0), 20);
+    EXPECT_EQ(gui::Text(dialog.Item(IDC_DEMO_NAME)), u"Kamenina");
+    EXPECT_EQ(SendMessageW(dialog.Item(IDC_DEMO_NAME), EM_GETLIMITTEXT, 0, 0), 20);
     EXPECT_TRUE(IsChecked(dialog, IDC_WATER));
     EXPECT_FALSE(IsChecked(dialog, IDC_CIRCLE));
     EXPECT_TRUE(IsChecked(dialog, IDC_EGG));
     EXPECT_FALSE(IsChecked(dialog, IDC_RECTANGLE));
     EXPECT_EQ(SendMessageW(dialog.Item(IDC_CLASS), CB_GETCURSEL, 0, 0), 2);
 
-    gui::SetText(dialog.Item(IDC_NAME), u"Litina tvárná");
+    gui::SetText(dialog.Item(IDC_DEMO_NAME), u"Litina tvárná");
     gui::Click(dialog.Item(IDC_WATER));
     gui::Click(dialog.Item(IDC_RECTANGLE));
     SendMessageW(dialog.Item(IDC_CLASS), CB_SETCURSEL, 0, 0);
@@ -55,7 +55,7 @@ TEST(DataExchange, RadioGroupWithNoneCheckedReadsMinusOne) {
 TEST(DataExchange, TooLongTextIsRefusedOnOkAndTheDialogStays) {
     DemoDialog dialog;
     ASSERT_TRUE(dialog.Create());
-    gui::SetText(dialog.Item(IDC_NAME), u"Polyetylen vysoké hustoty");  // 25 characters, past the limit
+    gui::SetText(dialog.Item(IDC_DEMO_NAME), u"Polyetylen vysoké hustoty");  // 25 characters, past the limit
     MessageBoxWatcher watcher(L"Materiály potrubí");
 
     gui::Click(dialog.Item(IDOK));
@@ -65,15 +65,15 @@ TEST(DataExchange, TooLongTextIsRefusedOnOkAndTheDialogStays) {
     EXPECT_EQ(seen.text, L"Zadejte nejvýše 20 znaků.");
     EXPECT_EQ(seen.owner, dialog.Handle());
     EXPECT_FALSE(dialog.HasEnded());
-    EXPECT_EQ(GetFocus(), dialog.Item(IDC_NAME));
+    EXPECT_EQ(GetFocus(), dialog.Item(IDC_DEMO_NAME));
 }
 
 TEST(Dialog, EscapeThroughTheDialogManagerCancels) {
     DemoDialog dialog;
     ASSERT_TRUE(dialog.Create());
     dialog.Show(SW_SHOW);
-    SetFocus(dialog.Item(IDC_NAME));
-    PostMessageW(dialog.Item(IDC_NAME), WM_KEYDOWN, VK_ESCAPE, 1);
+    SetFocus(dialog.Item(IDC_DEMO_NAME));
+    PostMessageW(dialog.Item(IDC_DEMO_NAME), WM_KEYDOWN, VK_ESCAPE, 1);
     gui::Pump(dialog);
     EXPECT_TRUE(dialog.HasEnded());
     EXPECT_EQ(dialog.Result(), IDCANCEL);

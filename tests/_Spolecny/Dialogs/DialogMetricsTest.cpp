@@ -37,4 +37,16 @@ TEST(DialogMetrics, ThirteenPointFontsAndTheirBoldHeading) {
     EXPECT_EQ(BoldFontHeight(-25), -19);  // an exact product stays as it is
 }
 
+TEST(DialogMetrics, AnchoredControlsFollowTheGrowthByTheirShares) {
+    const PixelRect control{10, 20, 110, 70};
+    const struct {
+        ResizeAnchor anchor;
+        PixelRect moved;
+    } cases[] = {{{0, 0, 0, 0}, {10, 20, 110, 70}},
+                 {{1, 1, 1, 1}, {111, 61, 211, 111}},
+                 {{0, 0, 1, 1}, {10, 20, 211, 111}},
+                 {{0.5f, 1, 1, 1}, {61, 61, 211, 111}}};  // half of 101 rounds away from zero
+    for (const auto& [anchor, moved] : cases) EXPECT_EQ(AnchoredRect(control, anchor, 101, 41), moved);
+}
+
 }  // namespace

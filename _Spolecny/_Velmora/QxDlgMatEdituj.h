@@ -1,0 +1,67 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "Dialogs/CCheckedEdit.h"
+#include "_Velmora/CQvxSezMaterialu.h"
+#include "_Velmora/MaterialEditRules.h"
+#include "_Velmora/QxDlgMatVyber.h"
+
+// "Editace materiálů": the selection dialog made into the catalogue's editor. It works on a copy of
+// the caller's list: materials are added, copied, edited, renamed and deleted there, and only OK
+// hands the copy back (after saving it to the user's catalogue when it changed).
+class CQxDlgMatEdituj : public CQxDlgMatVyber {
+public:
+    explicit CQxDlgMatEdituj(HWND parent);
+    ~CQxDlgMatEdituj() override;
+
+    // Shows the editor modally over a copy of `list`, listing what `filter` selects once a filter
+    // radio is clicked (every material at first).
+    INT_PTR EditMaterials(CQvxSezMaterialu& list, UsageFilter filter);
+
+    // Enter applies an open material edit and Escape reverts it; otherwise the tooltips see the
+    // message and the dialog handles it.
+    bool PreTranslateMessage(MSG& message) override;
+
+    EditMode Mode() const { return mode_; }
+    CQvxSezMaterialu& WorkingList() { return working_; }
+    CQvxMaterial* EditedMaterial() const { return edited_; }
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    void DoDataExchange(CDataExchange& exchange) override;
+    void FillList(UsageFilter filter) override;
+    bool OnCommand(WORD id, WORD code, HWND control) override;
+    bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void OnMaterialDoubleClick(int row) override;
+
+private:
+    void OnAddMaterial();
+    void OnDeleteMaterial();
+    void OnCopyMaterial();
+    void OnEditMaterial();
+    bool OnApplyMaterial();
+    void OnRevertMaterial();
+    void OnUsageBox(int id);
+    void OnCustomLabel();
+    void OnNameLostFocus();
+    void EnterMode(EditMode mode);
+    void ApplyLayout() const;
+    void SetButtonIcons() const;
+    void AddToolTips();
+
+    CQvxSezMaterialu working_;
+    CQvxSezMaterialu* callersList_ = nullptr;
+    EditMode mode_ = EditMode::Browse;
+    CQvxMaterial* edited_ = nullptr;
+    CCheckedEdit name_;
+    CCheckedEdit displayName_;
+    CCheckedEdit manufacturer_;
+    CCheckedEdit roughness_;
+    std::u16string ursInstallCode_;
+    std::u16string ursMaterialCode_;
+};
