@@ -121,13 +121,17 @@ void CQxDlgMatEdituj::AddToolTips() {
 }
 
 INT_PTR CQxDlgMatEdituj::EditMaterials(CQvxSezMaterialu& list, UsageFilter filter) {
+    PrepareEditing(list, filter);
+    return DoModal();
+}
+
+void CQxDlgMatEdituj::PrepareEditing(CQvxSezMaterialu& list, UsageFilter filter) {
     working_.AssignFrom(list);
     callersList_ = &list;
     materials_ = &working_;
     filter_ = filter;
     mode_ = EditMode::Browse;
     edited_ = nullptr;
-    return DoModal();
 }
 
 BOOL CQxDlgMatEdituj::OnInitDialog() {
@@ -209,13 +213,10 @@ void CQxDlgMatEdituj::OnDeleteMaterial() {
     if (IsEditing(mode_) || RowMaterial(marked) == nullptr) return;
     const std::u16string name = RowMaterial(marked)->UniqueName();
     // A used material is simply not removed, without a word.
-    if (materials_->RemoveMaterial(name)) {
-        materialList_.SetItemState(marked, 0, LVIS_SELECTED | LVIS_FOCUSED);
-        materialList_.Send(LVM_DELETEITEM, static_cast<WPARAM>(marked));
-    }
+    if (materials_->RemoveMaterial(name)) DeleteRow(marked);
     currentIndex_ = MarkedRow();
     materialList_.Focus();
-    if (currentIndex_ >= 0) SelectRow(currentIndex_);
+    SelectRow(currentIndex_);
     if (materials_->Count() == 0) {
         EmptyProfilePane();
         for (const int id : kProfileControls) EnableWindow(Item(id), FALSE);
@@ -268,8 +269,7 @@ bool CQxDlgMatEdituj::OnApplyMaterial() {
     } else {
         mode_ = NextEditMode(mode_, EditEvent::ApplyAccepted, false);
         // The new material is listed whatever the filters say, until the list is filled again.
-        currentIndex_ = materialList_.InsertItem(materialList_.GetItemCount(), nullptr,
-                                                 reinterpret_cast<LPARAM>(applied.material));
+        currentIndex_ = AppendRow(*applied.material);
         SortRows();
         // The selection goes to the row now at the index where the new one was appended.
         materialList_.Focus();

@@ -20,6 +20,8 @@ public:
     // Shows the editor modally over a copy of `list`, listing what `filter` selects once a filter
     // radio is clicked (every material at first).
     INT_PTR EditMaterials(CQvxSezMaterialu& list, UsageFilter filter);
+    // What EditMaterials does before showing the dialog: for an owner that shows it modeless.
+    void PrepareEditing(CQvxSezMaterialu& list, UsageFilter filter);
 
     // Enter applies an open material edit and Escape reverts it; otherwise the tooltips see the
     // message and the dialog handles it.

@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "Win/DataExchange.h"
@@ -37,13 +38,6 @@ const std::vector<int> kFieldControls = {
     IDC_ROUGHNESS,        IDC_LABEL_MODE_LABEL,  IDC_LABEL_DN,          IDC_LABEL_DXT,           IDC_LABEL_CUSTOM,
     IDC_SHAPE_CIRCLE,     IDC_SHAPE_EGG,         IDC_SHAPE_EGG_PRAGUE,  IDC_SHAPE_MOUTH,         IDC_SHAPE_RECTANGLE};
 
-int CALLBACK CompareForDisplay(LPARAM left, LPARAM right, LPARAM) {
-    const auto& a = reinterpret_cast<const CQvxMaterial*>(left)->UniqueName();
-    const auto& b = reinterpret_cast<const CQvxMaterial*>(right)->UniqueName();
-    if (DisplayOrderLess(a, b)) return -1;
-    return DisplayOrderLess(b, a) ? 1 : 0;
-}
-
 COLORREF HotLightColour() {
     static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
     return hotLight;
@@ -75,12 +69,16 @@ CQxDlgMatVyber::~CQxDlgMatVyber() {
 }
 
 INT_PTR CQxDlgMatVyber::Run(CQvxSezMaterialu& list, UsageFilter filter, bool selectProfile) {
+    Prepare(list, filter, selectProfile);
+    return DoModal();
+}
+
+void CQxDlgMatVyber::Prepare(CQvxSezMaterialu& list, UsageFilter filter, bool selectProfile) {
     materials_ = &list;
     filter_ = filter;
     selectProfile_ = selectProfile;
     chosenMaterial_ = nullptr;
     chosenProfile_ = nullptr;
-    return DoModal();
 }
 
 BOOL CQxDlgMatVyber::OnInitDialog() {
@@ -136,14 +134,10 @@ HTREEITEM CQxDlgMatVyber::InsertProfileRow(CQvxProfil& profile) {
 }
 
 void CQxDlgMatVyber::FillList(UsageFilter filter) {
-    materialList_.DeleteAllItems();
-    std::vector<CQvxMaterial*> rows = ListedMaterials(*materials_, filter);
-    SortForDisplay(rows);
-    materialList_.Send(WM_SETREDRAW, FALSE);
-    materialList_.Send(LVM_SETITEMCOUNT, rows.size());
-    int index = 0;
-    for (CQvxMaterial* material : rows) materialList_.InsertItem(index++, nullptr, reinterpret_cast<LPARAM>(material));
-    materialList_.Send(WM_SETREDRAW, TRUE);
+    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    rows_ = ListedMaterials(*materials_, filter);
+    SortForDisplay(rows_);
+    materialList_.Send(LVM_SETITEMCOUNT, rows_.size());
     materialList_.Redraw();
 
     if (materials_->Count() == 0) {
@@ -156,11 +150,27 @@ void CQxDlgMatVyber::FillList(UsageFilter filter) {
     SelectRow(0);
 }
 
-void CQxDlgMatVyber::SortRows() const {
-    materialList_.SortItems(CompareForDisplay, 0);
+void CQxDlgMatVyber::SortRows() {
+    std::sort(rows_.begin(), rows_.end(), [](const CQvxMaterial* a, const CQvxMaterial* b) {
+        return DisplayOrderLess(a->UniqueName(), b->UniqueName());
+    });
+    materialList_.Redraw();
+}
+
+int CQxDlgMatVyber::AppendRow(CQvxMaterial& material) {
+    rows_.push_back(&material);
+    materialList_.Send(LVM_SETITEMCOUNT, rows_.size(), LVSICF_NOSCROLL);
+    return static_cast<int>(rows_.size()) - 1;
+}
+
+void CQxDlgMatVyber::DeleteRow(int row) {
+    materialList_.SetItemState(row, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    rows_.erase(rows_.begin() + row);
+    materialList_.Send(LVM_DELETEITEM, static_cast<WPARAM>(row));
 }
 
 void CQxDlgMatVyber::SelectRow(int row) const {
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return;
     materialList_.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     materialList_.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
@@ -170,8 +180,8 @@ int CQxDlgMatVyber::MarkedRow() const {
 }
 
 CQvxMaterial* CQxDlgMatVyber::RowMaterial(int row) const {
-    if (row < 0 || row >= materialList_.GetItemCount()) return nullptr;
-    return reinterpret_cast<CQvxMaterial*>(materialList_.GetItemData(row));
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return nullptr;
+    return rows_[static_cast<std::size_t>(row)];
 }
 
 void CQxDlgMatVyber::EmptyProfilePane() const {
@@ -322,9 +332,7 @@ bool CQxDlgMatVyber::OnNotify(NMHDR& header, LRESULT& result) {
             case LVN_GETDISPINFOW: {
                 auto& request = reinterpret_cast<NMLVDISPINFOW&>(header);
                 if ((request.item.mask & LVIF_TEXT) == 0 || request.item.cchTextMax <= 0) return true;
-                const CQvxMaterial* material = request.item.lParam != 0
-                                                   ? reinterpret_cast<const CQvxMaterial*>(request.item.lParam)
-                                                   : RowMaterial(request.item.iItem);
+                const CQvxMaterial* material = RowMaterial(request.item.iItem);
                 const std::u16string* text = nullptr;
                 if (material != nullptr) {
                     text = request.item.iSubItem == 0   ? &material->UniqueName()

@@ -28,6 +28,8 @@ public:
     // Shows the dialog modally over `list`; IDOK when a material (and with `selectProfile` a
     // profile) was chosen.
     INT_PTR Run(CQvxSezMaterialu& list, UsageFilter filter, bool selectProfile);
+    // What Run does before showing the dialog: for an owner that shows it modeless (Create).
+    void Prepare(CQvxSezMaterialu& list, UsageFilter filter, bool selectProfile);
 
     CQvxMaterial* ChosenMaterial() const { return chosenMaterial_; }
     CQvxProfil* ChosenProfile() const { return chosenProfile_; }
@@ -53,7 +55,10 @@ protected:
     // and puts the focus on "Název:".
     void LoadFields(const CQvxMaterial* material, DescriptionMode descriptionMode);
     // Sorts the rows by name for display.
-    void SortRows() const;
+    void SortRows();
+    // Appends a row for `material` and returns its index.
+    int AppendRow(CQvxMaterial& material);
+    void DeleteRow(int row);
     // Selects and focuses `row` of the material list.
     void SelectRow(int row) const;
     int MarkedRow() const;
@@ -79,6 +84,8 @@ protected:
     const bool editorMode_;
     int currentIndex_ = -1;
     MaterialExchangeRecord fields_;
+    // The material of each row of the list, which holds no data of its own (it asks for its texts).
+    std::vector<CQvxMaterial*> rows_;
     CListView materialList_;
     CTreeListCtrl profilePane_;
     CDialogResizer resizer_;

@@ -9,11 +9,12 @@
 
 // Waits on a second thread (up to ten seconds) for a visible dialog of this process with the given
 // title and hands it to `answer`, which reads what it shows and closes it: tests can show real
-// boxes and task dialogs without a person.
+// boxes and task dialogs without a person. `ignored` is a dialog of the same title that is not
+// the one awaited (the dialog under test, say).
 class DialogWatcher {
 public:
-    DialogWatcher(std::wstring title, std::function<void(HWND)> answer)
-        : title_(std::move(title)), answer_(std::move(answer)) {
+    DialogWatcher(std::wstring title, std::function<void(HWND)> answer, HWND ignored = nullptr)
+        : title_(std::move(title)), answer_(std::move(answer)), ignored_(ignored) {
         thread_ = std::thread([this] { Watch(); });
     }
     ~DialogWatcher() { Stop(); }
@@ -28,12 +29,14 @@ public:
 private:
     void Watch() {
         for (int attempt = 0; attempt < 500 && !stop_; ++attempt) {
-            HWND dialog = FindWindowW(L"#32770", title_.c_str());
-            if (dialog != nullptr && IsWindowVisible(dialog) &&
-                GetWindowThreadProcessId(dialog, nullptr) != GetCurrentThreadId()) {
-                answer_(dialog);
-                found_ = true;
-                return;
+            for (HWND dialog = FindWindowExW(nullptr, nullptr, L"#32770", title_.c_str()); dialog != nullptr;
+                 dialog = FindWindowExW(nullptr, dialog, L"#32770", title_.c_str())) {
+                if (dialog != ignored_ && IsWindowVisible(dialog) &&
+                    GetWindowThreadProcessId(dialog, nullptr) != GetCurrentThreadId()) {
+                    answer_(dialog);
+                    found_ = true;
+                    return;
+                }
             }
             Sleep(20);
         }
@@ -41,6 +44,7 @@ private:
 
     std::wstring title_;
     std::function<void(HWND)> answer_;
+    HWND ignored_;
     std::atomic<bool> stop_{false};
     std::atomic<bool> found_{false};
     std::thread thread_;

@@ -17,7 +17,7 @@ public:
         HWND owner = nullptr;
     };
 
-    explicit MessageBoxWatcher(std::wstring caption, WPARAM answer = IDOK)
+    explicit MessageBoxWatcher(std::wstring caption, WPARAM answer = IDOK, HWND ignored = nullptr)
         : watcher_(std::move(caption), [this, answer](HWND box) {
               wchar_t text[1024] = {};
               GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
@@ -25,7 +25,8 @@ public:
               seen_.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0));
               seen_.owner = GetWindow(box, GW_OWNER);
               PostMessageW(box, WM_COMMAND, answer, 0);
-          }) {}
+          },
+                   ignored) {}
 
     // Stops watching (a box shown later is not answered) and returns what was seen.
     const Seen& Stop() {
