@@ -19,6 +19,12 @@ public:
     }
     ~DialogWatcher() { Stop(); }
 
+    // Waits until a dialog was answered or the ten seconds are over; true when one was answered.
+    bool Wait() {
+        if (thread_.joinable()) thread_.join();
+        return found_;
+    }
+
     // Stops watching (a dialog shown later is not answered); true when one was answered.
     bool Stop() {
         stop_ = true;

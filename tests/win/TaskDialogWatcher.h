@@ -30,6 +30,12 @@ public:
               PostMessageW(dialog, TDM_CLICK_BUTTON, static_cast<WPARAM>(buttonId), 0);
           }) {}
 
+    // Waits for the dialog (ten seconds at most) and returns what it showed.
+    const Seen& Wait() {
+        seen_.found = watcher_.Wait();
+        return seen_;
+    }
+
     const Seen& Stop() {
         seen_.found = watcher_.Stop();
         return seen_;
