@@ -113,7 +113,10 @@ BOOL CQxDlgMatVyber::OnInitDialog() {
         for (const int id : kFieldControls) EnableWindow(Item(id), FALSE);
     }
     AnchorControls();
-    return FALSE;  // the focus is where FillList put it
+    // The dialog manager gives the focus to its first control once the dialog shows: the list it
+    // is, when it has rows.
+    if (!rows_.empty()) Post(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(materialList_.Handle()), TRUE);
+    return FALSE;
 }
 
 void CQxDlgMatVyber::SetupProfileColumns() {

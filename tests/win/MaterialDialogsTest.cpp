@@ -168,6 +168,7 @@ TEST_F(MaterialEditor, CopyNeedsANewNameAndRenamesAreChecked) {
     Click(IDC_MATERIAL_COPY);
     ASSERT_EQ(editor.Mode(), EditMode::Copy);
     EXPECT_EQ(Text(IDC_NAME), u"PE");
+    gui::SaveScreenshot(L"editor-copy");
     MessageBoxWatcher::Seen seen = ClickAnswering(IDC_MATERIAL_APPLY);
     EXPECT_EQ(seen.text, L"Tento název již existuje u jiného materiálu, možná jen není zobrazen\n(přepněte filtry)");
     EXPECT_NE(seen.icon, nullptr);
@@ -272,6 +273,7 @@ TEST_F(MaterialEditor, CancelledDescriptionDialogKeepsTheAffixes) {
     std::vector<std::u16string> shown;
     DialogWatcher cancel(L"Zadej formát popisu", [&](HWND dialog) {
         shown = {gui::Text(GetDlgItem(dialog, IDC_PREFIX)), gui::Text(GetDlgItem(dialog, IDC_SUFFIX))};
+        gui::SaveScreenshot(L"description");
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     Click(IDC_LABEL_CUSTOM);
@@ -341,7 +343,6 @@ TEST_F(MaterialEditor, LabelsComeDirectlyBeforeTheirControls) {
         EXPECT_EQ(GetWindow(Control(label), GW_HWNDNEXT), Control(control)) << label;
     }
     EXPECT_EQ(GetWindow(Control(IDC_PROFILE_PLACE), GW_HWNDNEXT), editor.ProfilePane().Handle());
-    gui::SaveScreenshot(L"editor");
 }
 
 class MaterialSelection : public ::testing::Test {
@@ -369,6 +370,7 @@ TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {
     EXPECT_TRUE(IsDlgButtonChecked(dialog.Handle(), IDC_FILTER_GAS));
     EXPECT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Beton", u"PE"}));  // every material at first
     EXPECT_FALSE(IsWindowEnabled(dialog.Item(IDC_NAME)));
+    gui::SaveScreenshot(L"selection");
 
     {  // Beton has no profile
         MessageBoxWatcher watcher(kCaption, IDOK, dialog.Handle());
@@ -392,7 +394,6 @@ TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {
     EXPECT_TRUE(dialog.HasEnded());
     EXPECT_EQ(dialog.ChosenMaterial(), catalogue.Find(u"PE"));
     EXPECT_EQ(dialog.ChosenProfile(), catalogue.Find(u"PE")->FindProfile(11));
-    gui::SaveScreenshot(L"selection");
 }
 
 TEST_F(MaterialSelection, EmptyFilterResultCannotBeChosen) {
