@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::u16string_view kCaption = u"Materiály potrubí";
 constexpr COLORREF kChooseFromColour = RGB(255, 0, 0);
+constexpr DWORD kSelectionPaneStyle = 0x400B0000;
 
 // The medium boxes and their bits.
 struct MaskBox {
@@ -119,8 +120,14 @@ BOOL CQxDlgMatVyber::OnInitDialog() {
     return FALSE;
 }
 
+void CQxDlgMatVyber::CreateProfilePane(DWORD extendedStyle) {
+    profilePane_.Create(TVS_HASBUTTONS | TVS_EDITLABELS | TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | WS_BORDER | WS_TABSTOP,
+                        Handle());
+    profilePane_.SetExtendedStyle(0, extendedStyle);
+}
+
 void CQxDlgMatVyber::SetupProfileColumns() {
-    profilePane_.Create(TVS_HASBUTTONS | TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | WS_BORDER | WS_TABSTOP, Handle());
+    CreateProfilePane(kSelectionPaneStyle);
     const int profileWidth = static_cast<int>(80 * Scale());
     profilePane_.InsertColumn(0, u"Profil", profileWidth);
     const int dnWidth = profilePane_.ClientRect().right - static_cast<int>(100 * Scale());
@@ -175,6 +182,7 @@ void CQxDlgMatVyber::DeleteRow(int row) {
 void CQxDlgMatVyber::SelectRow(int row) const {
     if (row < 0 || row >= static_cast<int>(rows_.size())) return;
     materialList_.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.Send(LVM_SETSELECTIONMARK, 0, row);
     materialList_.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
