@@ -3,6 +3,7 @@
 #include <shellscalingapi.h>
 
 #include "Dialogs/DialogMetrics.h"
+#include "Win/Application.h"
 #include "Win/WideText.h"
 
 namespace {
@@ -46,7 +47,7 @@ CQxAcDialog::CQxAcDialog(UINT templateId, HWND parent, std::u16string heading, W
     scale_ = ReadMonitorScale(parent);
     baseFont_.Reset(CreateBaseFont());
     boldFont_.Reset(CreateBoldFont(baseFont_.Get()));
-    if (iconId_ != 0) icon_ = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId_));
+    if (iconId_ != 0) icon_ = LoadIconW(ResourceModule(), MAKEINTRESOURCEW(iconId_));
 }
 
 // The window goes first: its controls may still use the fonts.

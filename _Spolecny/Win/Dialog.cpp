@@ -1,5 +1,6 @@
 #include "Win/Dialog.h"
 
+#include "Win/Application.h"
 #include "Win/DataExchange.h"
 #include "Win/SubclassedWindow.h"
 
@@ -39,7 +40,7 @@ INT_PTR CDialog::DoModal() {
 bool CDialog::Create() {
     ended_ = false;
     result_ = 0;
-    const HWND window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId_), parent_,
+    const HWND window = CreateDialogParamW(ResourceModule(), MAKEINTRESOURCEW(templateId_), parent_,
                                            DialogProc, reinterpret_cast<LPARAM>(this));
     return window != nullptr;
 }

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "CQvxFunkce.h"
+#include "Win/Application.h"
 #include "Win/DataExchange.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
@@ -144,7 +145,7 @@ BOOL CQxDlgMatEdituj::OnInitDialog() {
 void CQxDlgMatEdituj::SetButtonIcons() const {
     const int size = static_cast<int>(16 * Scale());
     for (const ButtonIcon& entry : kButtonIcons) {
-        const auto icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(entry.icon),
+        const auto icon = static_cast<HICON>(LoadImageW(ResourceModule(), MAKEINTRESOURCEW(entry.icon),
                                                         IMAGE_ICON, size, size, LR_SHARED));
         CButton(Item(entry.button)).SetIcon(icon);
     }
