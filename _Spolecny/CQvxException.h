@@ -28,4 +28,5 @@ inline constexpr std::u16string_view kFunkce = u"_Spolecny\\CQvxFunkce";
 inline constexpr std::u16string_view kRegistry = u"_Spolecny\\CQvxRegistry";
 inline constexpr std::u16string_view kMaterial = u"_Spolecny\\_Velmora\\CQvxMaterial";
 inline constexpr std::u16string_view kMaterialList = u"_Spolecny\\_Velmora\\CQvxSezMaterialu";
+inline constexpr std::u16string_view kMaterialEditor = u"_Spolecny\\_Velmora\\QxDlgMatEdituj";
 }  // namespace SourceModule

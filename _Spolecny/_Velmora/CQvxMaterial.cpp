@@ -128,6 +128,14 @@ void CQvxMaterial::DeleteAllProfiles() {
     MarkChanged();
 }
 
+bool CQvxMaterial::DeleteProfile(int dnIndex) {
+    const auto found = profiles_.find(dnIndex);
+    if (found == profiles_.end() || !found->second->Users().IsEmpty()) return false;
+    profiles_.erase(found);
+    MarkChanged();
+    return true;
+}
+
 void CQvxMaterial::AddMissingProfiles(const CQvxMaterial& other) {
     for (const auto& [dnIndex, profile] : other.profiles_) {
         if (profiles_.contains(dnIndex)) continue;

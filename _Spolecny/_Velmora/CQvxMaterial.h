@@ -39,6 +39,8 @@ public:
     // Replaces all profiles with one per DN index from..to (inclusive; none when from > to).
     void GenerateSeries(int fromIndex, int toIndex);
     void DeleteAllProfiles();
+    // Deletes the profile of a DN index; false (nothing changes) when there is none or it is used.
+    bool DeleteProfile(int dnIndex);
     // Adds a copy of every profile of `other` whose DN index this material lacks.
     void AddMissingProfiles(const CQvxMaterial& other);
     // Takes over the editor's fields. Throws on a foreign name, a long manufacturer or a missing

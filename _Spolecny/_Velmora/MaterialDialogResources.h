@@ -11,6 +11,7 @@
 #define IDD_MAT_VYBER 200   // "Materiály pro potrubí", the selection dialog
 #define IDD_MAT_EDITUJ 201  // "Editace materiálů", the editor
 #define IDD_MAT_POPIS 202   // "Zadej formát popisu"
+#define IDD_GET_DN 203      // "Výběr rozsahu DN"
 
 // Filters: placement radios, then medium radios, each group in mask order.
 #define IDC_FILTER_GROUP 1000
@@ -90,3 +91,10 @@
 #define IDC_SUFFIX 1103
 #define IDC_OUTER_DIAMETER 1104
 #define IDC_INNER_DIAMETER 1105
+
+// The DN range dialog.
+#define IDC_DN_HEADING 1110
+#define IDC_DN_FROM_LABEL 1111
+#define IDC_DN_FROM 1112
+#define IDC_DN_TO_LABEL 1113
+#define IDC_DN_TO 1114

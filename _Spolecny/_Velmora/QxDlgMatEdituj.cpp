@@ -3,17 +3,31 @@
 #include <array>
 
 #include "CQvxFunkce.h"
+#include "Dialogs/TreeListEditRules.h"
 #include "Win/Application.h"
 #include "Win/DataExchange.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/MaterialDialogResources.h"
+#include "_Velmora/ProfileEditRules.h"
+#include "_Velmora/QxDlgGetDN.h"
 #include "_Velmora/QxDlgMatPopis.h"
 
 namespace {
 
 constexpr std::u16string_view kCaption = u"Materiály potrubí";
 constexpr int kUrsInstallCodeMaxLength = 10;
+constexpr DWORD kEditorPaneStyle = 0x400F0000;
+
+// The DN column's choices; the list outlives the control, as the control requires.
+const wchar_t* const kDnChoices[] = {
+    L"DN 8",   L"DN 10",  L"DN 12",  L"DN 15",  L"DN 20",  L"DN 25",  L"DN 32",   L"DN 40",   L"DN 50",  L"DN 65",
+    L"DN 80",  L"DN 100", L"DN 125", L"DN 150", L"DN 200", L"DN 225", L"DN 250",  L"DN 300",  L"DN 350", L"DN 400",
+    L"DN 450", L"DN 500", L"DN 600", L"DN 700", L"DN 800", L"DN 900", L"DN 1000", L"DN 1200", nullptr};
+
+int CALLBACK CompareDnIndexes(LPARAM left, LPARAM right, LPARAM) {
+    return reinterpret_cast<const CQvxProfil*>(left)->DnIndex() - reinterpret_cast<const CQvxProfil*>(right)->DnIndex();
+}
 
 constexpr std::u16string_view kTooLongTitle = u"Příliš dlouhý název";
 constexpr const char16_t* kNameLimit = u"Maximální délka je omezena na 20 znaků";
@@ -212,7 +226,10 @@ void CQxDlgMatEdituj::OnAddMaterial() {
 void CQxDlgMatEdituj::OnDeleteMaterial() {
     const int marked = MarkedRow();
     if (IsEditing(mode_) || RowMaterial(marked) == nullptr) return;
-    const std::u16string name = RowMaterial(marked)->UniqueName();
+    CQvxMaterial& material = *RowMaterial(marked);
+    const std::u16string name = material.UniqueName();
+    // The pane lets go of the profiles before they go with their material.
+    if (material.Users().IsEmpty()) EmptyProfilePane();
     // A used material is simply not removed, without a word.
     if (materials_->RemoveMaterial(name)) DeleteRow(marked);
     currentIndex_ = MarkedRow();
@@ -340,6 +357,18 @@ bool CQxDlgMatEdituj::OnCommand(WORD id, WORD code, HWND control) {
             case IDC_LABEL_CUSTOM:
                 OnCustomLabel();
                 return true;
+            case IDC_PROFILE_ADD:
+                RunUserAction([this] { OnAddProfile(); });
+                return true;
+            case IDC_PROFILE_DELETE:
+                OnDeleteProfile();
+                return true;
+            case IDC_PROFILE_DELETE_ALL:
+                RunUserAction([this] { OnDeleteAllProfiles(); });
+                return true;
+            case IDC_PROFILE_GENERATE:
+                RunUserAction([this] { OnGenerateProfiles(); });
+                return true;
             case IDC_USE_ZTI:
             case IDC_USE_NETWORKS:
             case IDC_USE_SEWAGE:
@@ -357,6 +386,10 @@ bool CQxDlgMatEdituj::OnCommand(WORD id, WORD code, HWND control) {
 }
 
 bool CQxDlgMatEdituj::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message == TVM_VALIDATEEDIT) {
+        result = OnValidateProfileEdit(*reinterpret_cast<const NMTVEDITW*>(lParam));
+        return true;
+    }
     if (message == WM_CHECKEDEDIT_KILLFOCUS && reinterpret_cast<HWND>(wParam) == name_.Handle()) {
         OnNameLostFocus();
         result = 0;
@@ -396,4 +429,222 @@ void CQxDlgMatEdituj::OnCancel() {
     }
     working_.ClearUsage();
     EndDialog(IDCANCEL);
+}
+
+void CQxDlgMatEdituj::SetupProfileColumns() {
+    CreateProfilePane(kEditorPaneStyle);
+    AddToolTip(CTreeListCtrl::kControlId, u"Seznam profilů");
+    const auto scaled = [this](int pixels) { return static_cast<int>(static_cast<float>(pixels) * Scale()); };
+    profilePane_.InsertColumn(kProfileLabelColumn, u"Profil", scaled(80));
+    profilePane_.InsertColumn(kOuterColumn, u"OD", scaled(60), LVCFMT_RIGHT);
+    profilePane_.InsertColumn(kWallColumn, u"Stěna", scaled(60), LVCFMT_RIGHT);
+    profilePane_.InsertColumn(kInnerColumn, u"ID", scaled(60), LVCFMT_RIGHT);
+    profilePane_.InsertColumn(kDnColumn, u"DN", scaled(60));
+    const int widthColumn = profilePane_.ClientRect().right - scaled(340);
+    profilePane_.InsertColumn(kWidthColumn, u"Sirka", widthColumn < 0 ? -widthColumn : widthColumn,
+                              widthColumn < 0 ? LVCFMT_LEFT : LVCFMT_RIGHT);
+    profilePane_.SetColumnAutoEdit(kOuterColumn, 1);
+    profilePane_.SetColumnCheck(kOuterColumn, InputKind::kWholeNumber);
+    for (const int column : {kWallColumn, kInnerColumn, kWidthColumn}) {
+        profilePane_.SetColumnAutoEdit(column, 1);
+        profilePane_.SetColumnCheck(column, InputKind::kDecimalNumber);
+    }
+    profilePane_.SetColumnAutoEdit(kDnColumn, 3, 0, kDnChoices);
+}
+
+HTREEITEM CQxDlgMatEdituj::InsertProfileRow(CQvxProfil& profile) {
+    // Every cell's text is asked for when it is drawn (TVN_GETDISPINFOW).
+    const HTREEITEM row = profilePane_.InsertItem(nullptr, reinterpret_cast<LPARAM>(&profile));
+    for (int column = kOuterColumn; column <= kWidthColumn; ++column) profilePane_.SetCellText(row, column, nullptr);
+    return row;
+}
+
+void CQxDlgMatEdituj::SetProfileColumns(const CQvxMaterial& material) {
+    shownShape_ = material.Shape();
+    std::u16string title(InnerColumnTitle(shownShape_));
+    TVCOLUMNW column{};
+    column.mask = TVCF_TEXT;
+    column.pszText = const_cast<wchar_t*>(Wide(title));
+    profilePane_.Send(TVM_SETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
+    // A circle's width is its inner diameter, shown but not typed.
+    profilePane_.SetColumnAutoEdit(kWidthColumn, shownShape_ == ProfileShape::Circle ? 0 : 1);
+    profilePane_.Redraw();
+}
+
+CQvxProfil* CQxDlgMatEdituj::ProfileOfRow(HTREEITEM row) const {
+    return row != nullptr ? reinterpret_cast<CQvxProfil*>(profilePane_.GetItemParam(row)) : nullptr;
+}
+
+void CQxDlgMatEdituj::SortProfileRows() const {
+    TVSORTCB sort{};
+    sort.hParent = TVI_ROOT;
+    sort.lpfnCompare = CompareDnIndexes;
+    profilePane_.Send(TVM_SORTCHILDRENCB, 0, reinterpret_cast<LPARAM>(&sort));
+    profilePane_.Redraw();
+}
+
+CQvxMaterial& CQxDlgMatEdituj::CurrentMaterial(std::u16string_view failure, int line) const {
+    CQvxMaterial* material = RowMaterial(currentIndex_);
+    if (material == nullptr) throw CQvxException(failure, line, SourceModule::kMaterialEditor);
+    return *material;
+}
+
+void CQxDlgMatEdituj::OnAddProfile() {
+    currentIndex_ = MarkedRow();
+    if (currentIndex_ < 0) return;
+    CQvxMaterial& material = CurrentMaterial(u"Nenalezena datová položka materiálu", 351);
+    const CQvxProfil* selected = ProfileOfRow(profilePane_.GetSelection());
+    int start = selected != nullptr ? selected->DnIndex() : 0;
+    std::optional<int> free = FindFreeDnIndex(material.Profiles(), start);
+    while (!free) {
+        if (start == 0) {
+            ShowMessage(u"Nelze přidat již další DN !!", MB_ICONERROR);
+            return;
+        }
+        const int answer = MessageBoxW(Handle(), L"Nelze přidat již další DN, přidat od začátku?", L"Materiály potrubí",
+                                       MB_YESNO | MB_ICONQUESTION);
+        if (answer != IDYES) return;
+        start = 0;
+        free = FindFreeDnIndex(material.Profiles(), start);
+    }
+    CQvxProfil* added = material.AddProfile(*free);
+    if (added == nullptr) return;
+    InsertProfileRow(*added);
+    SortProfileRows();
+    profilePane_.Focus();
+}
+
+void CQxDlgMatEdituj::OnDeleteProfile() {
+    const HTREEITEM row = profilePane_.GetSelection();
+    CQvxProfil* profile = ProfileOfRow(row);
+    if (IsEditing(mode_) || profile == nullptr) return;
+    if (!profile->Users().IsEmpty()) {
+        ShowMessage(u"Profil je používán, nelze jej vymazat", MB_ICONEXCLAMATION);
+        return;
+    }
+    // The selection moves on before the row goes, so that the pane never shows a deleted profile.
+    const HTREEITEM next = profilePane_.GetNextItem(row, TVGN_NEXTVISIBLE);
+    if (next != nullptr) profilePane_.SelectCell(next, profilePane_.GetCurrentColumn());
+    profilePane_.DeleteItem(row);
+    profile->Owner()->DeleteProfile(profile->DnIndex());
+    if (profilePane_.GetSelection() == nullptr) {
+        const HTREEITEM last = profilePane_.GetNextItem(nullptr, TVGN_LASTVISIBLE);
+        if (last != nullptr) profilePane_.SelectCell(last, profilePane_.GetCurrentColumn());
+    }
+}
+
+void CQxDlgMatEdituj::OnDeleteAllProfiles() {
+    const int answer = MessageBoxW(Handle(), L"Opravdu vymazat všechny profily?\ntento krok je nevratný",
+                                   L"Materiály potrubí", MB_YESNO | MB_ICONQUESTION);
+    if (answer != IDYES) return;
+    CQvxMaterial& material = CurrentMaterial(u"Chyba při načítání položky materiálu", 695);
+    EmptyProfilePane();
+    material.DeleteAllProfiles();
+}
+
+void CQxDlgMatEdituj::OnGenerateProfiles() {
+    CQxDlgGetDN range(Handle());
+    range.fromIndex = 0;
+    range.toIndex = kDnCount - 1;
+    if (range.DoModal() != IDOK) return;
+    EmptyProfilePane();
+    CQvxMaterial& material = CurrentMaterial(u"Chyba při načítání položky materiálu", 284);
+    material.GenerateSeries(range.fromIndex, range.toIndex);
+    HTREEITEM first = nullptr;
+    for (const auto& [dnIndex, profile] : material.Profiles()) {
+        const HTREEITEM row = InsertProfileRow(*profile);
+        if (first == nullptr) first = row;
+    }
+    if (first != nullptr) profilePane_.SelectCell(first, 0);
+    profilePane_.Focus();
+}
+
+void CQxDlgMatEdituj::OnProfileSelected(CQvxProfil* profile) {
+    if (selectedProfile_ != nullptr) {
+        // Both edits go to the material code, the second over the first: the installation code is
+        // shown but never written from here. Codes as they were change nothing, so that browsing
+        // the profiles leaves the catalogue unchanged.
+        CQvxProfil* previous = selectedProfile_;
+        const std::u16string install = CWindow(Item(IDC_URS_INSTALL)).Text();
+        const std::u16string material = CWindow(Item(IDC_URS_MATERIAL)).Text();
+        const bool refused = install.size() >= CQvxProfil::kCodeCopyBound;  // reported by the first store
+        if (refused || material != previous->UrsMaterialCode()) {
+            RunUserAction([&] {
+                previous->SetUrsMaterialCode(install);
+                previous->SetUrsMaterialCode(material);
+            });
+        }
+    }
+    ursInstallCode_ = profile != nullptr ? std::u16string(profile->UrsInstallCode()) : std::u16string();
+    ursMaterialCode_ = profile != nullptr ? std::u16string(profile->UrsMaterialCode()) : std::u16string();
+    CWindow(Item(IDC_URS_INSTALL)).SetText(ursInstallCode_);
+    CWindow(Item(IDC_URS_MATERIAL)).SetText(ursMaterialCode_);
+    selectedProfile_ = profile;
+}
+
+LRESULT CQxDlgMatEdituj::OnValidateProfileEdit(const NMTVEDITW& edit) {
+    CQvxProfil* profile = ProfileOfRow(edit.item.hItem);
+    if (profile == nullptr || edit.item.pszText == nullptr) return 0;
+    ProfileEdit checked;
+    // A text that is no number is reported like any failure of a user's action, and refused.
+    if (!RunUserAction([&] { checked = ValidateProfileEdit(*profile, edit.item.column, FromWide(edit.item.pszText)); })) {
+        return 1;
+    }
+    if (!checked.refusal.empty()) {
+        CTreeListCtrl::InPlaceEdit().ShowBalloon(checked.refusal);
+        return static_cast<LRESULT>(checked.refusal.size());
+    }
+    if (edit.item.column != kDnColumn) {  // a DN is taken when the cell changes
+        profile->SetDimensions(checked.innerDiameter, checked.wall);
+        profile->SetWidth(checked.width);
+    }
+    return 0;
+}
+
+void CQxDlgMatEdituj::OnProfileCellChanged(const NMTVDISPINFOCW& change) {
+    CQvxProfil* profile = ProfileOfRow(change.item.hItem);
+    if (profile == nullptr || change.item.pszText == nullptr) return;
+    const std::u16string text = FromWide(change.item.pszText);
+    RunUserAction([&] {
+        const ProfileEdit stored = StoredProfileEdit(*profile, change.item.column, text);
+        if (change.item.column == kDnColumn) {
+            // A DN another profile holds is refused by the profile, silently.
+            if (profile->SetDN(stored.dnIndex, true)) SortProfileRows();
+        } else {
+            profile->SetDimensions(stored.innerDiameter, stored.wall);
+            profile->SetWidth(stored.width);
+        }
+        profile->BuildLabels();
+    });
+    profilePane_.Redraw();
+}
+
+bool CQxDlgMatEdituj::OnNotify(NMHDR& header, LRESULT& result) {
+    if (header.idFrom == CTreeListCtrl::kControlId) {
+        switch (header.code) {
+            case TVN_GETDISPINFOW: {
+                auto& request = reinterpret_cast<NMTVDISPINFOCW&>(header);
+                const CQvxProfil* profile = ProfileOfRow(request.item.hItem);
+                if (profile == nullptr || request.item.pszText == nullptr || request.item.cchTextMax <= 0) return true;
+                const std::u16string text = ProfileCellText(*profile, shownShape_, request.item.column);
+                lstrcpynW(request.item.pszText, Wide(text), request.item.cchTextMax);
+                return true;
+            }
+            case TVN_SETDISPINFOW:
+                OnProfileCellChanged(reinterpret_cast<const NMTVDISPINFOCW&>(header));
+                return true;
+            case TVN_SELCHANGEDW:
+                OnProfileSelected(ProfileOfRow(reinterpret_cast<const NMTREEVIEWW&>(header).itemNew.hItem));
+                return true;
+            case TVN_DELETEITEMW:
+                if (reinterpret_cast<const NMTREEVIEWW&>(header).itemOld.lParam ==
+                    reinterpret_cast<LPARAM>(selectedProfile_)) {
+                    selectedProfile_ = nullptr;
+                }
+                return true;
+            default:
+                break;
+        }
+    }
+    return CQxDlgMatVyber::OnNotify(header, result);
 }

@@ -40,6 +40,10 @@ protected:
     bool OnCommand(WORD id, WORD code, HWND control) override;
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void OnMaterialDoubleClick(int row) override;
+    void SetupProfileColumns() override;
+    HTREEITEM InsertProfileRow(CQvxProfil& profile) override;
+    void SetProfileColumns(const CQvxMaterial& material) override;
+    bool OnNotify(NMHDR& header, LRESULT& result) override;
 
 private:
     void OnAddMaterial();
@@ -51,6 +55,19 @@ private:
     void OnUsageBox(int id);
     void OnCustomLabel();
     void OnNameLostFocus();
+
+    // The profile pane.
+    void OnAddProfile();
+    void OnDeleteProfile();
+    void OnDeleteAllProfiles();
+    void OnGenerateProfiles();
+    void OnProfileSelected(CQvxProfil* profile);
+    LRESULT OnValidateProfileEdit(const NMTVEDITW& edit);
+    void OnProfileCellChanged(const NMTVDISPINFOCW& change);
+    // The material of the current row; none throws with `line`.
+    CQvxMaterial& CurrentMaterial(std::u16string_view failure, int line) const;
+    CQvxProfil* ProfileOfRow(HTREEITEM row) const;
+    void SortProfileRows() const;
     void EnterMode(EditMode mode);
     void ApplyLayout() const;
     void SetButtonIcons() const;
@@ -66,4 +83,6 @@ private:
     CCheckedEdit roughness_;
     std::u16string ursInstallCode_;
     std::u16string ursMaterialCode_;
+    CQvxProfil* selectedProfile_ = nullptr;  // whose URS codes the two edits show
+    ProfileShape shownShape_ = ProfileShape::Circle;
 };

@@ -205,6 +205,7 @@ void CQxDlgMatVyber::SelectMaterial(int row) {
     LoadFields(material, fields_.descriptionMode);
     EmptyProfilePane();
     if (material == nullptr) return;
+    SetProfileColumns(*material);
     HTREEITEM first = nullptr;
     for (const auto& [dnIndex, profile] : material->Profiles()) {
         const HTREEITEM added = InsertProfileRow(*profile);
@@ -322,7 +323,10 @@ void CQxDlgMatVyber::OnEditMaterials() {
         return;
     }
     // The editor may have replaced every material: list them all again, whatever the radios show.
-    if (result == IDOK) FillList({kPlacementAll, kMediumAll});
+    if (result == IDOK) {
+        EmptyProfilePane();
+        FillList({kPlacementAll, kMediumAll});
+    }
 }
 
 void CQxDlgMatVyber::OnMaterialDoubleClick(int row) {

@@ -48,6 +48,8 @@ protected:
     // The steps the editor overrides, in this order.
     virtual void SetupProfileColumns();
     virtual HTREEITEM InsertProfileRow(CQvxProfil& profile);
+    // Fits the pane's columns to the material's shape (the editor's columns depend on it).
+    virtual void SetProfileColumns(const CQvxMaterial&) {}
     virtual void FillList(UsageFilter filter);
     virtual void SelectMaterial(int row);
 

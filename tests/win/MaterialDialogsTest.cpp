@@ -13,84 +13,15 @@
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "_Velmora/QxDlgMatEdituj.h"
-#include "support/CatalogueBuilding.h"
-#include "support/ScriptedUserMessages.h"
 #include "win/DialogWatcher.h"
 #include "win/GuiHarness.h"
+#include "win/MaterialEditorHarness.h"
 #include "win/MessageBoxWatcher.h"
 #include "win/RefusalBeeps.h"
 
 namespace {
 
-constexpr wchar_t kCaption[] = L"Materiály potrubí";
-
-CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name, int32_t placement, int32_t medium) {
-    CQvxMaterial& material = AddMaterial(list, name);
-    EditMaterial(material, [&](MaterialExchangeRecord& record) {
-        record.placement = placement;
-        record.medium = medium;
-        record.description = u"Popis " + std::u16string(name);
-    });
-    return material;
-}
-
-// What a dialog's material list shows in its first column, row by row.
-std::vector<std::u16string> ShownNames(const CQxDlgMatVyber& dialog) {
-    std::vector<std::u16string> names;
-    const CListView& list = dialog.MaterialList();
-    for (int row = 0; row < list.GetItemCount(); ++row) {
-        wchar_t text[64] = {};
-        LVITEMW item{};
-        item.iSubItem = 0;
-        item.pszText = text;
-        item.cchTextMax = 64;
-        list.Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-        names.push_back(FromWide(text));
-    }
-    return names;
-}
-
-class MaterialEditor : public ::testing::Test {
-protected:
-    void Open() {
-        editor.PrepareEditing(catalogue, filter);
-        ASSERT_TRUE(editor.Create());
-        editor.Show(SW_SHOW);
-        gui::Pump(editor);
-    }
-    void TearDown() override { editor.DestroyWindow(); }
-
-    HWND Control(int id) const { return editor.Item(id); }
-    void Click(int id) {
-        gui::Click(Control(id));
-        gui::Pump(editor);
-    }
-    // Clicks `id` and answers the message box it shows.
-    MessageBoxWatcher::Seen ClickAnswering(int id) {
-        MessageBoxWatcher watcher(kCaption, IDOK, editor.Handle());
-        Click(id);
-        return watcher.Stop();
-    }
-    void SelectRowOf(std::u16string_view name) {
-        const std::vector<std::u16string> names = ShownNames(editor);
-        for (std::size_t row = 0; row < names.size(); ++row) {
-            if (names[row] == name) {
-                editor.MaterialList().SetItemState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED,
-                                                   LVIS_SELECTED | LVIS_FOCUSED);
-                editor.MaterialList().Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
-            }
-        }
-        gui::Pump(editor);
-    }
-    std::u16string Text(int id) const { return gui::Text(Control(id)); }
-    bool Checked(int id) const { return IsDlgButtonChecked(editor.Handle(), id) == BST_CHECKED; }
-
-    ScriptedUserMessages messages;
-    CUserMessagesScope installedMessages{messages};
-    CQvxSezMaterialu catalogue;
-    UsageFilter filter;
-    CQxDlgMatEdituj editor{nullptr};
-};
+using namespace material_dialogs;
 
 TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAdding) {
     Open();

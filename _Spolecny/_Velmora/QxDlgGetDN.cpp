@@ -1,0 +1,42 @@
+#include "_Velmora/QxDlgGetDN.h"
+
+#include "Win/Controls.h"
+#include "Win/WideText.h"
+#include "_Velmora/MaterialDialogResources.h"
+#include "_Velmora/MaterialTables.h"
+
+CQxDlgGetDN::CQxDlgGetDN(HWND parent) : CQxAcDialog(IDD_GET_DN, parent) {}
+
+BOOL CQxDlgGetDN::OnInitDialog() {
+    CQxAcDialog::OnInitDialog();
+    CWindow(Item(IDC_DN_HEADING)).SetFont(BoldFont());
+    for (const int id : {IDC_DN_FROM, IDC_DN_TO}) {
+        const CComboBox list(Item(id));
+        for (const DnRow& row : DnTable()) list.AddString(row.label);
+    }
+    CComboBox(Item(IDC_DN_FROM)).SetCurSel(fromIndex);
+    CComboBox(Item(IDC_DN_TO)).SetCurSel(toIndex);
+    return TRUE;
+}
+
+void CQxDlgGetDN::OnOK() {
+    fromIndex = CComboBox(Item(IDC_DN_FROM)).GetCurSel();
+    toIndex = CComboBox(Item(IDC_DN_TO)).GetCurSel();
+    if (toIndex >= fromIndex) {
+        EndDialog(IDOK);
+        return;
+    }
+    MessageBoxW(Handle(), L"DN 'od' musí být menší nebo rovno DN 'do'", L"Materiály potrubí", MB_OK | MB_ICONEXCLAMATION);
+}
+
+bool CQxDlgGetDN::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == Item(IDC_DN_HEADING)) {
+        static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
+        const auto dc = reinterpret_cast<HDC>(wParam);
+        SetTextColor(dc, hotLight);
+        SetBkMode(dc, TRANSPARENT);
+        result = reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+        return true;
+    }
+    return CQxAcDialog::HandleMessage(message, wParam, lParam, result);
+}
