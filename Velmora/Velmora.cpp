@@ -7,7 +7,7 @@
 #include "Win/CWin32RegistryValues.h"
 #include "Win/CWin32UserMessages.h"
 #include "_Velmora/CQvxSezMaterialu.h"
-#include "_Velmora/CatalogueStartup.h"
+#include "_Velmora/CatalogueLoading.h"
 #include "_Velmora/QxDlgMatEdituj.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {

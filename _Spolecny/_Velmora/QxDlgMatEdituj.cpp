@@ -8,6 +8,8 @@
 #include "Win/DataExchange.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
+#include "_Velmora/CatalogueFilePicker.h"
+#include "_Velmora/CatalogueLoading.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "_Velmora/ProfileEditRules.h"
 #include "_Velmora/QxDlgGetDN.h"
@@ -124,6 +126,7 @@ CQxDlgMatEdituj::CQxDlgMatEdituj(HWND parent)
     displayName_.Rules().emptyAllowed = true;
     manufacturer_.Rules().emptyAllowed = true;
     roughness_.Rules().filter = CommaToPoint;
+    pickFile_ = PickCatalogueFile;
     AddToolTips();
 }
 
@@ -356,6 +359,12 @@ bool CQxDlgMatEdituj::OnCommand(WORD id, WORD code, HWND control) {
                 return true;
             case IDC_LABEL_CUSTOM:
                 OnCustomLabel();
+                return true;
+            case IDC_LOAD_FILE:
+                OnLoadFromFile();
+                return true;
+            case IDC_LOAD_STANDARD:
+                OnLoadStandard();
                 return true;
             case IDC_PROFILE_ADD:
                 RunUserAction([this] { OnAddProfile(); });
@@ -647,4 +656,54 @@ bool CQxDlgMatEdituj::OnNotify(NMHDR& header, LRESULT& result) {
         }
     }
     return CQxDlgMatVyber::OnNotify(header, result);
+}
+
+void CQxDlgMatEdituj::ClearWorkingList() {
+    // The panes let go of the materials and profiles before they go.
+    EmptyProfilePane();
+    DeleteAllRows();
+    working_.Clear(false);  // used materials too, whatever the question said
+}
+
+void CQxDlgMatEdituj::OnLoadFromFile() {
+    const std::optional<std::u16string> path = pickFile_(Handle());
+    if (!path) return;
+    int answer = 0;
+    TaskDialog(Handle(), nullptr, L"Materiály potrubí",
+               L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)",
+               L"Pozor, tento krok je nevratný. \nNE - načtené materiály budou přidány\n a v případě výskytu "
+               L"identických názvů budete vyzváni k přepsání",
+               TDCBF_YES_BUTTON | TDCBF_NO_BUTTON | TDCBF_CANCEL_BUTTON, TD_WARNING_ICON, &answer);
+    if (answer != IDYES && answer != IDNO) return;
+    if (answer == IDYES) ClearWorkingList();
+
+    const std::size_t before = working_.Count();
+    if (MergeCatalogueFile(working_, *path) || working_.Count() != before) working_.MarkChanged();
+    // Every material is listed, whatever the filter radios still show.
+    FillList({kPlacementAll, kMediumAll});
+}
+
+void CQxDlgMatEdituj::OnLoadStandard() {
+    const TASKDIALOG_BUTTON buttons[] = {{kClearAndLoadButton, L"Vymazat stávající"},
+                                         {kAddMaterialsButton, L"Přidat materiály"},
+                                         {kCancelLoadingButton, L"Zrušit načítání"}};
+    TASKDIALOGCONFIG question{};
+    question.cbSize = sizeof(question);
+    question.hwndParent = Handle();
+    question.pszWindowTitle = L"Materiály potrubí";
+    question.pszMainIcon = TD_WARNING_ICON;
+    question.pszMainInstruction = L"Vymazat stávající materiály?";
+    question.pszContent = L"Vymazat před načtením všechny materiály (používané materiály vymazat nelze)?\nPozor, "
+                          L"tento krok je nevratný.\n(V případě výskytu identických názvů budete vyzváni k přepsání)";
+    question.cButtons = static_cast<UINT>(std::size(buttons));
+    question.pButtons = buttons;
+    question.nDefaultButton = kClearAndLoadButton;
+    int answer = 0;
+    if (FAILED(TaskDialogIndirect(&question, &answer, nullptr, nullptr))) return;
+    if (answer != kClearAndLoadButton && answer != kAddMaterialsButton) return;
+    if (answer == kClearAndLoadButton) ClearWorkingList();
+
+    MergeStandardCatalogue(working_);
+    working_.MarkChanged();
+    FillList({kPlacementAll, kMediumAll});
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "Dialogs/CCheckedEdit.h"
@@ -26,6 +28,15 @@ public:
     // Enter applies an open material edit and Escape reverts it; otherwise the tooltips see the
     // message and the dialog handles it.
     bool PreTranslateMessage(MSG& message) override;
+
+    // Where "Načíst ze souboru..." gets its file: the shell's dialog unless replaced.
+    using FilePicker = std::function<std::optional<std::u16string>(HWND owner)>;
+    void SetFilePicker(FilePicker picker) { pickFile_ = std::move(picker); }
+
+    // The buttons of the question of "Načíst standardní...".
+    static constexpr int kClearAndLoadButton = 1001;
+    static constexpr int kAddMaterialsButton = 1002;
+    static constexpr int kCancelLoadingButton = 1003;
 
     EditMode Mode() const { return mode_; }
     CQvxSezMaterialu& WorkingList() { return working_; }
@@ -56,6 +67,11 @@ private:
     void OnCustomLabel();
     void OnNameLostFocus();
 
+    // Reading other catalogues into the working list.
+    void OnLoadFromFile();
+    void OnLoadStandard();
+    void ClearWorkingList();
+
     // The profile pane.
     void OnAddProfile();
     void OnDeleteProfile();
@@ -83,6 +99,7 @@ private:
     CCheckedEdit roughness_;
     std::u16string ursInstallCode_;
     std::u16string ursMaterialCode_;
+    FilePicker pickFile_;
     CQvxProfil* selectedProfile_ = nullptr;  // whose URS codes the two edits show
     ProfileShape shownShape_ = ProfileShape::Circle;
 };

@@ -179,6 +179,12 @@ void CQxDlgMatVyber::DeleteRow(int row) {
     materialList_.Send(LVM_DELETEITEM, static_cast<WPARAM>(row));
 }
 
+void CQxDlgMatVyber::DeleteAllRows() {
+    rows_.clear();
+    materialList_.Send(LVM_SETITEMCOUNT, 0);
+    materialList_.Redraw();
+}
+
 void CQxDlgMatVyber::SelectRow(int row) const {
     if (row < 0 || row >= static_cast<int>(rows_.size())) return;
     materialList_.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);

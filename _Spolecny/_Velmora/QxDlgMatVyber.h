@@ -61,6 +61,7 @@ protected:
     // Appends a row for `material` and returns its index.
     int AppendRow(CQvxMaterial& material);
     void DeleteRow(int row);
+    void DeleteAllRows();
     // Selects and focuses `row` of the material list.
     void SelectRow(int row) const;
     int MarkedRow() const;

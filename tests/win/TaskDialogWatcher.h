@@ -9,7 +9,8 @@
 #include "win/DialogWatcher.h"
 
 // Answers a task dialog of this process with the given title by pressing the button of
-// `buttonId` (TDM_CLICK_BUTTON), recording the texts of its controls.
+// `buttonId` (TDM_CLICK_BUTTON), recording the texts of its controls. With `showing`, only the
+// dialog that shows that text is answered.
 class TaskDialogWatcher {
 public:
     struct Seen {
@@ -24,11 +25,20 @@ public:
         }
     };
 
-    TaskDialogWatcher(std::wstring title, int buttonId)
-        : watcher_(std::move(title), [this, buttonId](HWND dialog) {
-              EnumChildWindows(dialog, CollectText, reinterpret_cast<LPARAM>(&seen_.texts));
-              PostMessageW(dialog, TDM_CLICK_BUTTON, static_cast<WPARAM>(buttonId), 0);
-          }) {}
+    TaskDialogWatcher(std::wstring title, int buttonId, HWND ignored = nullptr, std::wstring showing = {})
+        : watcher_(
+              std::move(title),
+              [this, buttonId](HWND dialog) {
+                  EnumChildWindows(dialog, CollectText, reinterpret_cast<LPARAM>(&seen_.texts));
+                  PostMessageW(dialog, TDM_CLICK_BUTTON, static_cast<WPARAM>(buttonId), 0);
+              },
+              ignored,
+              [showing](HWND dialog) {
+                  if (showing.empty()) return true;
+                  Seen candidate;
+                  EnumChildWindows(dialog, CollectText, reinterpret_cast<LPARAM>(&candidate.texts));
+                  return candidate.Shows(showing);
+              }) {}
 
     // Waits for the dialog (ten seconds at most) and returns what it showed.
     const Seen& Wait() {

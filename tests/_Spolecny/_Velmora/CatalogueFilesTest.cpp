@@ -8,7 +8,7 @@
 #include "CQvxRegistry.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
-#include "_Velmora/CatalogueStartup.h"
+#include "_Velmora/CatalogueLoading.h"
 #include "support/CatalogueBuilding.h"
 #include "support/FakeRegistryValues.h"
 #include "support/ScriptedUserMessages.h"
@@ -186,7 +186,8 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
         EXPECT_EQ(messages.shown.back().caption, u"Neočekávaná výjimka");
         EXPECT_EQ(messages.shown.back().text,
                   u"Soubor katalogu končí předčasně:\n" + damaged.u16string() +
-                      u"\nChyba na bajtu " + Digits(cut.size() - 1) + u".\n\nEditor se otevře s materiály načtenými před chybou. Soubor se "
+                      u"\nChyba na bajtu " + Digits(cut.size() - 1) +
+                      u".\n\nEditor se otevře s materiály načtenými před chybou. Soubor se "
                       u"přepíše, až uložíte změnu.");
         EXPECT_EQ(list.Count(), 1u);
         EXPECT_TRUE(list.IsUnchanged());
@@ -195,4 +196,47 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
             EXPECT_EQ(FileBytes(UserFile()), cut);
         }
     }
+}
+
+// A file the user picks is merged into the list; every failure is told, and what was read stays.
+TEST_F(CatalogueFiles, MergingAPickedFileTellsEveryFailure) {
+    const fs::path picked = root.Path() / "picked.qxp";
+    const Bytes cut(standardBytes.begin(), standardBytes.end() - 3);
+    struct Case {
+        const Bytes* bytes;  // none: the file is missing
+        bool read;
+        std::size_t count;
+        std::u16string told;  // empty: nothing
+    };
+    const Case cases[] = {
+        {nullptr, false, 1, u"Nelze otevřít soubor" + picked.u16string()},
+        {&cut, false, 2,
+         u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " + Digits(cut.size() - 1) +
+             u".\n\nMateriály načtené před chybou zůstávají v seznamu."},
+        {&standardBytes, true, 3, u""},
+    };
+    for (const Case& c : cases) {
+        fs::remove(picked);
+        if (c.bytes != nullptr) WriteFile(picked, *c.bytes);
+        list.Clear(false);
+        AddMaterial(list, u"Vlastní");
+        messages.shown.clear();
+
+        EXPECT_EQ(MergeCatalogueFile(list, picked.u16string()), c.read);
+        EXPECT_EQ(list.Count(), c.count);
+        if (c.told.empty()) {
+            EXPECT_TRUE(messages.shown.empty());
+        } else {
+            ASSERT_EQ(messages.shown.size(), 1u);
+            EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
+            EXPECT_EQ(messages.shown[0].text, c.told);
+        }
+    }
+
+    fs::remove(StandardFile());
+    WriteFile(StandardFile(), cut);
+    messages.shown.clear();
+    EXPECT_FALSE(MergeStandardCatalogue(list));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text.substr(0, 32), u"Soubor katalogu končí předčasně:");
 }

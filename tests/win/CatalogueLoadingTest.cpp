@@ -1,0 +1,195 @@
+// The editor's commands on the whole working list: reading other catalogues, OK and leaving.
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include <filesystem>
+#include <fstream>
+
+#include "Win/CWin32UserMessages.h"
+#include "support/FakeRegistryValues.h"
+#include "support/TempFolder.h"
+#include "win/DialogWatcher.h"
+#include "win/MaterialEditorHarness.h"
+#include "win/TaskDialogWatcher.h"
+
+namespace {
+
+using namespace material_dialogs;
+
+TEST_F(MaterialEditor, FileDialogAsksForACatalogueAndCancellingChangesNothing) {
+    AddMaterial(catalogue, u"PE");
+    Open();
+    std::wstring typeShown;
+    DialogWatcher picker(L"Vyhledej soubor pro načtení katalogu potrubí", [&](HWND dialog) {
+        Sleep(500);  // let it draw for the picture
+        gui::SaveScreenshot(L"file-open");
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    Click(IDC_LOAD_FILE);
+    EXPECT_TRUE(picker.Stop());
+    EXPECT_EQ(editor.WorkingList().Count(), 1u);
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
+}
+
+// An installation in a temporary folder: the user's catalogue goes to data/Velmora, the standard
+// one comes from install/Velmora; a picked file lies beside them.
+class EditorOnFiles : public MaterialEditor {
+protected:
+    EditorOnFiles() {
+        registry.Set(CRegistryValues::Hive::LocalMachine, u"CommonDataPath", root / u"data");
+        registry.Set(CRegistryValues::Hive::LocalMachine, u"CommonInstallPath", root / u"install");
+        std::filesystem::create_directories(root.Path() / "data");
+        editor.SetFilePicker([this](HWND) { return picked; });
+    }
+    std::filesystem::path UserFile() const { return root.Path() / "data" / "Velmora" / "Potrubi.qxp"; }
+    // Writes a catalogue of `list` where the picker will find it.
+    void PickCatalogueOf(CQvxSezMaterialu& list) {
+        const Bytes bytes = WriteCatalogue(list);
+        const std::filesystem::path file = root.Path() / "picked.qxp";
+        std::ofstream(file, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        picked = file.u16string();
+    }
+    TaskDialogWatcher::Seen ClickAnsweringTask(int id, int button) {
+        TaskDialogWatcher watcher(kCaption, button, editor.Handle());
+        Click(id);
+        return watcher.Stop();
+    }
+
+    TempFolder root;
+    FakeRegistryValues registry;
+    CRegistryValuesScope installedRegistry{registry};
+    std::optional<std::u16string> picked;
+};
+
+TEST_F(EditorOnFiles, YesClearsEvenWhenThePickedFileThenFailsToOpen) {
+    AddMaterial(catalogue, u"PE");
+    AddMaterial(catalogue, u"PVC");
+    Open();
+    picked = root / u"zmizelý.qxp";
+    const TaskDialogWatcher::Seen seen = ClickAnsweringTask(IDC_LOAD_FILE, IDYES);
+    EXPECT_TRUE(seen.Shows(L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)"));
+    EXPECT_EQ(editor.WorkingList().Count(), 0u);
+    EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
+    EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor" + *picked);
+    EXPECT_EQ(catalogue.Count(), 2u);
+}
+
+TEST_F(EditorOnFiles, LoadingListsEveryMaterialWhileTheRadiosStay) {
+    AddUsedFor(catalogue, u"Plynovod", 3, kMediumGas);
+    CQvxSezMaterialu other;
+    AddUsedFor(other, u"Vodovod", 3, kMediumWater);
+    AddUsedFor(other, u"Kanál", 3, kMediumSewage);
+    PickCatalogueOf(other);
+    Open();
+    Click(IDC_FILTER_WATER);
+    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{}));
+
+    ClickAnsweringTask(IDC_LOAD_FILE, IDNO);
+    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"Kanál", u"Plynovod", u"Vodovod"}));
+    EXPECT_TRUE(Checked(IDC_FILTER_WATER));
+    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
+    EXPECT_FALSE(std::filesystem::exists(UserFile()));  // only OK or a Yes on leaving writes it
+}
+
+TEST_F(EditorOnFiles, StandardCatalogueReplacesOrJoinsTheMaterials) {
+    AddMaterial(catalogue, u"Vlastní");
+    CQvxSezMaterialu standard;
+    AddMaterial(standard, u"PE 100");
+    PickCatalogueOf(standard);
+    std::filesystem::create_directories(root.Path() / "install" / "Velmora");
+    std::filesystem::copy_file(std::filesystem::path(*picked), root.Path() / "install" / "Velmora" / "Potrubi_std.qxp");
+    Open();
+
+    EXPECT_TRUE(ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kAddMaterialsButton)
+                    .Shows(L"Vymazat stávající materiály?"));
+    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"PE 100", u"Vlastní"}));
+    ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kClearAndLoadButton);
+    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"PE 100"}));
+    ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kCancelLoadingButton);
+    EXPECT_EQ(editor.WorkingList().Count(), 1u);
+    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorOnFiles, MergeAnsweredYesToAllThroughTheRealQuestion) {
+    CWin32UserMessages realMessages;
+    CUserMessagesScope installedReal(realMessages);
+    AddUsedFor(catalogue, u"A", 3, kMediumGas);
+    AddUsedFor(catalogue, u"B", 3, kMediumGas);
+    CQvxSezMaterialu other;
+    AddUsedFor(other, u"A", 3, kMediumWater);
+    AddUsedFor(other, u"B", 3, kMediumWater);
+    PickCatalogueOf(other);
+    Open();
+
+    TaskDialogWatcher overwrite(kCaption, CWin32UserMessages::TaskDialogButtonId(TaskDialogButtons::kYesToAll),
+                                editor.Handle(), L"Tento materiál již existuje, přepsat standardním?");
+    MessageBoxWatcher saveNow(L"Uložit materiály?", IDNO);
+    TaskDialogWatcher noClearing(kCaption, IDNO, editor.Handle(),
+                                 L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)");
+    Click(IDC_LOAD_FILE);  // first the clearing question, then one overwrite question for both
+    EXPECT_TRUE(noClearing.Stop().found);
+    EXPECT_TRUE(overwrite.Wait().Shows(L"A"));
+    EXPECT_TRUE(saveNow.Stop().found);
+    EXPECT_EQ(editor.WorkingList().Find(u"A")->Medium(), kMediumWater);
+    EXPECT_EQ(editor.WorkingList().Find(u"B")->Medium(), kMediumWater);
+}
+
+TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
+    AddMaterial(catalogue, u"PE");
+    Open();
+    Click(IDC_MATERIAL_ADD);
+    MessageBoxWatcher empty(kCaption, IDOK, editor.Handle());
+    MSG enter{Control(IDC_NAME), WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    editor.ProcessMessage(enter);  // as the message loop hands it over
+    EXPECT_EQ(empty.Stop().text, L"Název nesmí být prázdný");
+    EXPECT_EQ(editor.Mode(), EditMode::Add);
+    EXPECT_FALSE(editor.HasEnded());
+
+    gui::SetText(Control(IDC_NAME), u"Nový");
+    CQvxMaterial& pe = *editor.WorkingList().Find(u"PE");
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
+    Click(IDOK);  // the open add is dropped, the change is saved and handed back
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_EQ(catalogue.Find(u"Nový"), nullptr);
+    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"Plasty");
+    EXPECT_TRUE(std::filesystem::exists(UserFile()));
+}
+
+TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) {
+    AddMaterial(catalogue, u"PE");
+    Open();
+    editor.WorkingList().SetUnchanged(false);
+    {
+        MessageBoxWatcher stay(kCaption, IDCANCEL, editor.Handle());
+        Click(IDCANCEL);
+        EXPECT_EQ(stay.Stop().text, L"Uložit provedené změny do souboru?");
+        EXPECT_FALSE(editor.HasEnded());
+    }
+    EditMaterial(*editor.WorkingList().Find(u"PE"), [](MaterialExchangeRecord& record) { record.manufacturer = u"X"; });
+    MessageBoxWatcher save(kCaption, IDYES, editor.Handle());
+    Click(IDCANCEL);
+    EXPECT_EQ(save.Stop().text, L"Uložit provedené změny do souboru?");
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_TRUE(std::filesystem::exists(UserFile()));
+    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
+}
+
+TEST_F(EditorOnFiles, EscapeWithoutChangesLeavesWithoutAQuestion) {
+    AddMaterial(catalogue, u"PE");
+    Open();
+    MessageBoxWatcher none(kCaption, IDCANCEL, editor.Handle());
+    MSG escape{editor.MaterialList().Handle(), WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+    editor.ProcessMessage(escape);
+    gui::Pump(editor);
+    EXPECT_FALSE(none.Stop().found);
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_EQ(editor.Result(), IDCANCEL);
+}
+
+}  // namespace
