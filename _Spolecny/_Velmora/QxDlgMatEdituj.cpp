@@ -237,9 +237,13 @@ void CQxDlgMatEdituj::OnDeleteMaterial() {
     if (materials_->RemoveMaterial(name)) DeleteRow(marked);
     currentIndex_ = MarkedRow();
     materialList_.Focus();
+    // Selected anew, so that the fields and the pane show the row's material whatever the list did
+    // with the selection of the deleted row.
+    if (currentIndex_ >= 0) materialList_.SetItemState(currentIndex_, 0, LVIS_SELECTED);
     SelectRow(currentIndex_);
     if (materials_->Count() == 0) {
         EmptyProfilePane();
+        LoadFields(nullptr, DescriptionMode::DxT);  // no deleted material's values stay shown
         for (const int id : kProfileControls) EnableWindow(Item(id), FALSE);
     }
 }

@@ -141,11 +141,12 @@ TEST_F(MaterialEditor, UsedMaterialIsNotDeletedAndNothingIsSaid) {
     EXPECT_FALSE(watcher.Stop().found);
     EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"A", u"B"}));
 
-    SelectRowOf(u"B");
-    Click(IDC_MATERIAL_DELETE);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"A"}));
-    EXPECT_EQ(editor.WorkingList().Find(u"B"), nullptr);
+    SelectRowOf(u"A");
     editor.WorkingList().Find(u"A")->Users().Clear();
+    Click(IDC_MATERIAL_DELETE);
+    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"B"}));
+    EXPECT_EQ(editor.WorkingList().Find(u"A"), nullptr);
+    EXPECT_EQ(Text(IDC_NAME), u"B");  // the row that took the deleted one's place is shown
 }
 
 TEST_F(MaterialEditor, NewMaterialFieldsTheirLimitsAndUsageBoxes) {
