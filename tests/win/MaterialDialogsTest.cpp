@@ -328,6 +328,30 @@ TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {
     EXPECT_EQ(dialog.ChosenProfile(), catalogue.Find(u"PE")->FindProfile(11));
 }
 
+TEST_F(MaterialSelection, EditorOpenedFromItListsEveryMaterialAfterOk) {
+    AddUsedFor(catalogue, u"Beton", 3, kMediumSewage);
+    AddUsedFor(catalogue, u"Plynovod", 3, kMediumGas);
+    Open(false);
+    gui::Click(dialog.Item(IDC_FILTER_GAS));
+    gui::Pump(dialog);
+    ASSERT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Plynovod"}));
+
+    bool editorShown = false;
+    DialogWatcher editorWatcher(
+        kCaption,
+        [&](HWND editor) {
+            editorShown = GetDlgItem(editor, IDC_MATERIAL_ADD) != nullptr;
+            PostMessageW(editor, WM_COMMAND, IDOK, 0);
+        },
+        dialog.Handle());
+    gui::Click(dialog.Item(IDC_EDIT_MATERIALS));
+    gui::Pump(dialog);
+    ASSERT_TRUE(editorWatcher.Stop());
+    EXPECT_TRUE(editorShown);
+    EXPECT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Beton", u"Plynovod"}));
+    EXPECT_TRUE(IsDlgButtonChecked(dialog.Handle(), IDC_FILTER_GAS));
+}
+
 TEST_F(MaterialSelection, EmptyFilterResultCannotBeChosen) {
     AddUsedFor(catalogue, u"Beton", 3, kMediumSewage);
     Open(false);
