@@ -45,6 +45,8 @@ TEST(MaterialFilter, RadiosAndMasksMapBothWays) {
         EXPECT_EQ(PlacementRadioForMask(placementMasks[radio]), radio);
     }
     EXPECT_EQ(PlacementMaskForRadio(-1), 3);
+    EXPECT_EQ(PlacementMaskForRadio(3), 3);
+    EXPECT_EQ(MediumMaskForRadio(6), 31);
 }
 
 TEST(MaterialFilter, ListsMaterialsSharingABitWithEachMaskInKeyOrder) {
@@ -81,7 +83,7 @@ TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
     EXPECT_TRUE(DisplayOrderLess(u"zz", u"Čep"));
     EXPECT_EQ(CzechLowered(u"ŽLUŤOUČKÝ KŮŇ Ě Ď Ň Ř Š Ť Ú Ů Ý Á É Í Ó ĹĽŔ ÀÖØÞ × Ÿ İ ΑΩ ЁЯ"),
               u"žluťoučký kůň ě ď ň ř š ť ú ů ý á é í ó ĺľŕ àöøþ × ÿ i αω ёя");
-    EXPECT_EQ(CzechLowered(u"ı ĸ ŉ ſ 1-[]"), u"ı ĸ ŉ ſ 1-[]");
+    EXPECT_EQ(CzechLowered(u"ı ĸ ŉ ſ ß 1-[]"), u"ı ĸ ŉ ſ ß 1-[]");
 }
 
 TEST(MaterialEditModes, TransitionsFollowTheCommands) {
@@ -262,6 +264,23 @@ TEST_F(ApplyEdit, EditRenamesAndAcceptsItsOwnName) {
               MaterialError(u"Příliš dlouhý název", 202));
     EXPECT_EQ(ThrownText([&] { ApplyMaterialEdit(list, EditMode::Edit, FieldsNamed(u"12345678901234567890", &pe), &pe); }),
               u"<nothing thrown>");
+}
+
+TEST_F(ApplyEdit, HandingBackPointsTheUsersAtTheCallersNewRecords) {
+    CQvxMaterial* usedMaterial = nullptr;
+    CQvxProfil* usedProfile = nullptr;
+    CQvxSezMaterialu callers;
+    AddMaterial(callers, u"PE");
+    pe.Users().Register(&usedMaterial);
+    pe.FindProfile(11)->Users().Register(&usedProfile);
+
+    HandBackToCaller(list, callers);
+    ASSERT_NE(callers.Find(u"PE"), nullptr);
+    EXPECT_EQ(usedMaterial, callers.Find(u"PE"));
+    EXPECT_EQ(usedProfile, callers.Find(u"PE")->FindProfile(11));
+    EXPECT_TRUE(pe.Users().IsEmpty());  // the working copy no longer counts as used
+    EXPECT_EQ(callers.Count(), 2u);
+    callers.ClearUsage();
 }
 
 TEST_F(ApplyEdit, NewMaterialWhoseFieldsAreRefusedLeavesTheList) {

@@ -114,6 +114,11 @@ TEST_F(ProfilePane, WallAndOuterDiameterKeepTheInnerDiameterInItsBand) {
         EXPECT_FLOAT_EQ(edit.wall, c.wall) << c.column;
     }
     EXPECT_EQ(ValidateProfileEdit(dn100, kWidthColumn, u"640.6").width, 641);
+
+    const CQvxProfil& wide = ProfileAt(kDn100, 130, 5);  // OD 140: a thin wall leaves ID 136, above DN 125
+    const ProfileEdit thin = ValidateProfileEdit(wide, kWallColumn, u"2");
+    EXPECT_FLOAT_EQ(thin.innerDiameter, 125);
+    EXPECT_FLOAT_EQ(thin.wall, 2);
 }
 
 TEST_F(ProfilePane, DnTakenByAnotherProfileIsRefused) {
