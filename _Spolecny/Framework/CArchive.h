@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -33,23 +35,23 @@ public:
     // Bytes a loading archive has not read yet.
     std::uint64_t BytesLeft() const { return fileLength_ - position_; }
 
-    void WriteByte(std::uint8_t value);
-    void WriteUInt16(std::uint16_t value);
+    void WriteByte(std::uint8_t value) { WriteValue(value); }
+    void WriteUInt16(std::uint16_t value) { WriteValue(value); }
     void WriteInt16(std::int16_t value) { WriteUInt16(static_cast<std::uint16_t>(value)); }
-    void WriteUInt32(std::uint32_t value);
+    void WriteUInt32(std::uint32_t value) { WriteValue(value); }
     void WriteInt32(std::int32_t value) { WriteUInt32(static_cast<std::uint32_t>(value)); }
-    void WriteUInt64(std::uint64_t value);
-    void WriteFloat(float value);
+    void WriteUInt64(std::uint64_t value) { WriteValue(value); }
+    void WriteFloat(float value) { WriteUInt32(std::bit_cast<std::uint32_t>(value)); }
     // Wide string: tag FF FE FF, the length in characters, the UTF-16LE units.
     void WriteString(std::u16string_view text);
 
-    std::uint8_t ReadByte();
-    std::uint16_t ReadUInt16();
+    std::uint8_t ReadByte() { return ReadValue<std::uint8_t>(); }
+    std::uint16_t ReadUInt16() { return ReadValue<std::uint16_t>(); }
     std::int16_t ReadInt16() { return static_cast<std::int16_t>(ReadUInt16()); }
-    std::uint32_t ReadUInt32();
+    std::uint32_t ReadUInt32() { return ReadValue<std::uint32_t>(); }
     std::int32_t ReadInt32() { return static_cast<std::int32_t>(ReadUInt32()); }
-    std::uint64_t ReadUInt64();
-    float ReadFloat();
+    std::uint64_t ReadUInt64() { return ReadValue<std::uint64_t>(); }
+    float ReadFloat() { return std::bit_cast<float>(ReadUInt32()); }
     // A wide string, or an untagged narrow one widened from Windows-1250 (the code page of the
     // Czech systems that wrote such files).
     std::u16string ReadString();
@@ -61,8 +63,38 @@ private:
         bool wide;
     };
 
-    template <std::size_t N>
-    std::array<std::uint8_t, N> ReadBytes();
+    // Catalogues are read and written a few bytes at a time: a field the buffer can take or give
+    // whole is copied here, inline, and only the rest goes through the loops of ReadBytes and
+    // WriteBytes. The buffer never holds bytes beyond the measured length (see ReadBytes), so a
+    // field found in it is a field the file has.
+    template <typename T>
+    T ReadValue() {
+        std::uint8_t bytes[sizeof(T)];
+        if (bufferUsed_ - bufferRead_ >= sizeof(T)) {
+            std::memcpy(bytes, buffer_.data() + bufferRead_, sizeof(T));
+            bufferRead_ += sizeof(T);
+            position_ += sizeof(T);
+        } else {
+            ReadBytes(bytes, sizeof(T));
+        }
+        T value = 0;
+        for (std::size_t i = 0; i < sizeof(T); ++i) value |= static_cast<T>(static_cast<T>(bytes[i]) << (8 * i));
+        return value;
+    }
+
+    template <typename T>
+    void WriteValue(T value) {
+        std::uint8_t bytes[sizeof(T)];
+        for (std::size_t i = 0; i < sizeof(T); ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
+        if (kBufferSize - bufferUsed_ >= sizeof(T)) {
+            std::memcpy(buffer_.data() + bufferUsed_, bytes, sizeof(T));
+            bufferUsed_ += sizeof(T);
+            position_ += sizeof(T);
+        } else {
+            WriteBytes(bytes, sizeof(T));
+        }
+    }
+
     void ReadBytes(std::uint8_t* target, std::size_t count);
     void WriteBytes(const std::uint8_t* source, std::size_t count);
     void Flush();
