@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Framework/CFile.h"
 #include "Framework/Exceptions.h"
@@ -17,7 +17,8 @@
 class CArchive {
 public:
     enum Mode { load, store };
-    static constexpr std::size_t kBufferSize = 4096;
+    // Large enough that the system calls under a save or load cost little beside the copying.
+    static constexpr std::size_t kBufferSize = 64 * 1024;
 
     CArchive(CFile& file, Mode mode);
     CArchive(const CArchive&) = delete;
@@ -107,7 +108,7 @@ private:
     Mode mode_;
     std::uint64_t fileLength_ = 0;
     std::uint64_t position_ = 0;
-    std::array<std::uint8_t, kBufferSize> buffer_{};
+    std::vector<std::uint8_t> buffer_ = std::vector<std::uint8_t>(kBufferSize);
     std::size_t bufferUsed_ = 0;  // storing: bytes waiting; loading: bytes filled
     std::size_t bufferRead_ = 0;  // loading: bytes of the buffer already taken
 };
