@@ -84,12 +84,15 @@ private:
     }
 
     LabelBuilder& Ascii(std::string_view narrow) {
-        std::array<char16_t, 64> wide;
-        std::copy(narrow.begin(), narrow.end(), wide.begin());
-        return Text(std::u16string_view(wide.data(), narrow.size()));
+        if (length_ + narrow.size() >= Capacity) {
+            complete_ = false;
+            return *this;
+        }
+        for (char c : narrow) units_[length_++] = static_cast<char16_t>(c);
+        return *this;
     }
 
-    std::array<char16_t, Capacity> units_{};
+    std::array<char16_t, Capacity> units_;  // only the first length_ are ever read
     std::size_t length_ = 0;
     bool complete_ = true;
 };
