@@ -4,6 +4,8 @@
 //   catalogue_benchmark [--benchmark_filter=...] [--benchmark_repetitions=5]
 
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <memory>
@@ -57,10 +59,26 @@ void SetCounters(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0) * kProfilesEach);
 }
 
+// Waits until the file is on the disk. A save truncates the file, and truncating a file whose
+// previous bytes are still being written out waits for them: back-to-back saves would time the
+// disk, which the editor's saves, seconds apart, never wait for.
+void WaitForDisk(const std::u16string& path) {
+    const int descriptor = ::open(std::filesystem::path(path).c_str(), O_RDONLY);
+    if (descriptor < 0) throw std::runtime_error("cannot open the file");
+    const bool flushed = ::fsync(descriptor) == 0;
+    ::close(descriptor);
+    if (!flushed) throw std::runtime_error("cannot flush the file");
+}
+
 void SaveCatalogue(benchmark::State& state) {
     const auto list = MakeCatalogue(state);
     const std::u16string path = BenchmarkFile();
-    for (auto _ : state) Save(*list, path);
+    for (auto _ : state) {
+        Save(*list, path);
+        state.PauseTiming();
+        WaitForDisk(path);
+        state.ResumeTiming();
+    }
     state.counters["bytes"] = static_cast<double>(std::filesystem::file_size(path));
     SetCounters(state);
 }
