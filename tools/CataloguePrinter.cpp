@@ -15,14 +15,23 @@ std::string Utf8(std::u16string_view text) {
     return ToUtf8(text);
 }
 
+// A value without a name, as "#" and its number. Appended rather than `"#" + std::to_string(...)`:
+// GCC 12 at -O3 reports a bogus -Wrestrict overlap for a one-character literal prepended to a
+// temporary string (GCC bug 105329).
+std::string Unnamed(int32_t value) {
+    std::string text(1, '#');
+    text += std::to_string(value);
+    return text;
+}
+
 std::string Named(int32_t value, std::span<const NamedValue> names) {
     if (const auto name = NameOfValue(value, names)) return Utf8(*name);
-    return value == -1 ? "nezvoleno" : "#" + std::to_string(value);
+    return value == -1 ? "nezvoleno" : Unnamed(value);
 }
 
 std::string Flags(int32_t mask, std::span<const NamedValue> flags) {
     if (const auto text = FormatFlagSet(mask, flags)) return Utf8(*text);
-    return "#" + std::to_string(mask);
+    return Unnamed(mask);
 }
 
 std::string Formatted(const char* format, double value) {

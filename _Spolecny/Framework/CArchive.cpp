@@ -1,6 +1,7 @@
 #include "Framework/CArchive.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -13,18 +14,6 @@ constexpr std::uint8_t kLengthEscape8 = 0xFF;
 constexpr std::uint16_t kWideTag = 0xFFFE;  // after an escape byte: the string is UTF-16
 constexpr std::uint16_t kLengthEscape16 = 0xFFFF;
 constexpr std::uint32_t kLengthEscape32 = 0xFFFFFFFF;
-
-template <typename T>
-T FromLittleEndian(const std::uint8_t* bytes) {
-    T value = 0;
-    for (std::size_t i = 0; i < sizeof(T); ++i) value |= static_cast<T>(static_cast<T>(bytes[i]) << (8 * i));
-    return value;
-}
-
-template <typename T>
-void ToLittleEndian(T value, std::uint8_t* bytes) {
-    for (std::size_t i = 0; i < sizeof(T); ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
-}
 
 }  // namespace
 
@@ -72,7 +61,9 @@ void CArchive::ReadBytes(std::uint8_t* target, std::size_t count) {
     const std::uint64_t start = position_;
     while (count > 0) {
         if (bufferRead_ == bufferUsed_) {
-            bufferUsed_ = file_.Read(buffer_.data(), kBufferSize);
+            // Never past the measured length: bytes the file gained since are not part of it.
+            const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kBufferSize, BytesLeft()));
+            bufferUsed_ = file_.Read(buffer_.data(), wanted);
             bufferRead_ = 0;
             // The file shrank after it was measured.
             if (bufferUsed_ == 0) throw CArchiveException(CArchiveException::Cause::EndOfFile, start);
@@ -86,44 +77,16 @@ void CArchive::ReadBytes(std::uint8_t* target, std::size_t count) {
     }
 }
 
-template <std::size_t N>
-std::array<std::uint8_t, N> CArchive::ReadBytes() {
-    std::array<std::uint8_t, N> bytes;
-    ReadBytes(bytes.data(), N);
-    return bytes;
-}
-
-void CArchive::WriteByte(std::uint8_t value) {
-    WriteBytes(&value, 1);
-}
-
-void CArchive::WriteUInt16(std::uint16_t value) {
-    std::uint8_t bytes[2];
-    ToLittleEndian(value, bytes);
-    WriteBytes(bytes, sizeof bytes);
-}
-
-void CArchive::WriteUInt32(std::uint32_t value) {
-    std::uint8_t bytes[4];
-    ToLittleEndian(value, bytes);
-    WriteBytes(bytes, sizeof bytes);
-}
-
-void CArchive::WriteUInt64(std::uint64_t value) {
-    std::uint8_t bytes[8];
-    ToLittleEndian(value, bytes);
-    WriteBytes(bytes, sizeof bytes);
-}
-
-void CArchive::WriteFloat(float value) {
-    WriteUInt32(std::bit_cast<std::uint32_t>(value));
-}
-
 void CArchive::WriteString(std::u16string_view text) {
     WriteByte(kLengthEscape8);
     WriteUInt16(kWideTag);
     WriteStringLength(text.size());
-    for (char16_t unit : text) WriteUInt16(unit);
+    // On a little-endian host the units lie in memory as the file has them.
+    if constexpr (std::endian::native == std::endian::little) {
+        WriteBytes(reinterpret_cast<const std::uint8_t*>(text.data()), 2 * text.size());
+    } else {
+        for (char16_t unit : text) WriteUInt16(unit);
+    }
 }
 
 void CArchive::WriteStringLength(std::uint64_t length) {
@@ -143,26 +106,6 @@ void CArchive::WriteStringLength(std::uint64_t length) {
     }
     WriteUInt32(kLengthEscape32);
     WriteUInt64(length);
-}
-
-std::uint8_t CArchive::ReadByte() {
-    return ReadBytes<1>()[0];
-}
-
-std::uint16_t CArchive::ReadUInt16() {
-    return FromLittleEndian<std::uint16_t>(ReadBytes<2>().data());
-}
-
-std::uint32_t CArchive::ReadUInt32() {
-    return FromLittleEndian<std::uint32_t>(ReadBytes<4>().data());
-}
-
-std::uint64_t CArchive::ReadUInt64() {
-    return FromLittleEndian<std::uint64_t>(ReadBytes<8>().data());
-}
-
-float CArchive::ReadFloat() {
-    return std::bit_cast<float>(ReadUInt32());
 }
 
 void CArchive::Skip(std::uint64_t count) {
@@ -207,6 +150,10 @@ std::u16string CArchive::ReadString() {
         return FromWindows1250(narrow);
     }
     std::u16string text(length, u'\0');
-    for (char16_t& unit : text) unit = ReadUInt16();
+    if constexpr (std::endian::native == std::endian::little) {
+        ReadBytes(reinterpret_cast<std::uint8_t*>(text.data()), 2 * length);
+    } else {
+        for (char16_t& unit : text) unit = ReadUInt16();
+    }
     return text;
 }

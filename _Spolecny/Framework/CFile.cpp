@@ -70,13 +70,15 @@ bool CFile::Open(std::u16string_view path, unsigned flags) {
 
     std::FILE* stream = OpenStream(path, mode);
     if (stream == nullptr) return false;
+    // The archive buffers; a second buffer in the stream would only copy the bytes once more. The
+    // buffering of a stream can only be chosen before anything else is done with it, the seeks of
+    // the measuring included.
+    std::setvbuf(stream, nullptr, _IONBF, 0);
     std::uint64_t length = 0;
     if (flags == modeRead && !MeasureStream(stream, length)) {
         std::fclose(stream);
         return false;
     }
-    // The archive buffers; a second buffer in the stream would only copy the bytes once more.
-    std::setvbuf(stream, nullptr, _IONBF, 0);
     stream_ = stream;
     path_ = path;
     length_ = length;

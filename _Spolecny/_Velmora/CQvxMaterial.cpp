@@ -91,7 +91,7 @@ CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source)
     if (!prefix_.Assign(source.Prefix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopyPrefix);
     if (!suffix_.Assign(source.Suffix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopySuffix);
     for (const auto& [dnIndex, profile] : source.profiles_) {
-        profiles_.emplace(dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
+        profiles_.emplace_hint(profiles_.end(), dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
     }
 }
 

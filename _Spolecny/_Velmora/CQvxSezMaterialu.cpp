@@ -1,5 +1,6 @@
 #include "_Velmora/CQvxSezMaterialu.h"
 
+#include <iterator>
 #include <limits>
 
 #include "CQvxException.h"
@@ -50,8 +51,8 @@ CQvxSezMaterialu& CQvxSezMaterialu::AssignFrom(const CQvxSezMaterialu& source) {
     rememberedAnswer_ = 0;
     Clear(true);
     for (const auto& [name, material] : source.materials_) {
-        // The copy takes the source's users along.
-        materials_.emplace(name, std::make_unique<CQvxMaterial>(this, *material));
+        // In key order, so each copy goes to the end. It takes the source's users along.
+        materials_.emplace_hint(materials_.end(), name, std::make_unique<CQvxMaterial>(this, *material));
     }
     unchanged_ = source.unchanged_;
     return *this;
@@ -59,10 +60,16 @@ CQvxSezMaterialu& CQvxSezMaterialu::AssignFrom(const CQvxSezMaterialu& source) {
 
 std::pair<CQvxMaterial*, bool> CQvxSezMaterialu::Insert(std::u16string_view name,
                                                         std::unique_ptr<CQvxMaterial>& material) {
-    const auto found = materials_.find(name);
-    if (found != materials_.end()) return {found->second.get(), false};
+    // Files and copies come in key order, so a name after the last one is the usual case: it goes
+    // to the end without a search down the tree, whose nodes a large catalogue has long evicted
+    // from the caches.
+    auto position = materials_.end();
+    if (!materials_.empty() && !(std::prev(position)->first < name)) {
+        position = materials_.lower_bound(name);
+        if (position != materials_.end() && position->first == name) return {position->second.get(), false};
+    }
     CQvxMaterial* inserted = material.get();
-    materials_.emplace(std::u16string(name), std::move(material));
+    materials_.emplace_hint(position, std::u16string(name), std::move(material));
     return {inserted, true};
 }
 

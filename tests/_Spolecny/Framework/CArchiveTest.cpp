@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -45,15 +46,43 @@ TEST(ArchivePrimitives, ShortReadThrowsWithTheOffsetOfTheField) {
 }
 
 TEST(ArchiveBuffer, CarriesDataAcrossManyBufferFills) {
-    const std::size_t count = 3 * CArchive::kBufferSize + 17;
+    // After the leading byte, some values straddle the end of a buffer in both directions.
+    const std::size_t count = CArchive::kBufferSize + 17;
+    const auto value = [](std::size_t i) { return static_cast<std::uint32_t>(i * 2654435761u); };
     const Bytes bytes = StoredBytes([&](CArchive& archive) {
-        for (std::size_t i = 0; i < count; ++i) archive.WriteUInt16(static_cast<std::uint16_t>(i * 7));
+        archive.WriteByte(0xA5);
+        for (std::size_t i = 0; i < count; ++i) archive.WriteUInt32(value(i));
     });
-    ASSERT_EQ(bytes.size(), 2 * count);
+    ASSERT_EQ(bytes.size(), 1 + 4 * count);
     LoadBytes(bytes, [&](CArchive& archive) {
-        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(archive.ReadUInt16(), static_cast<std::uint16_t>(i * 7));
+        EXPECT_EQ(archive.ReadByte(), 0xA5);
+        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(archive.ReadUInt32(), value(i)) << i;
         EXPECT_EQ(archive.BytesLeft(), 0u);
     });
+}
+
+// A file that grew after it was measured: it says 3 bytes long and hands out 8.
+class GrownFile final : public CFile {
+public:
+    std::uint64_t GetLength() const override { return 3; }
+    std::size_t Read(void* buffer, std::size_t count) override {
+        const std::size_t taken = std::min(count, bytes_.size() - read_);
+        std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(read_), taken, static_cast<std::uint8_t*>(buffer));
+        read_ += taken;
+        return taken;
+    }
+
+private:
+    Bytes bytes_ = Hex("01 02 03 04 05 06 07 08");
+    std::size_t read_ = 0;
+};
+
+TEST(ArchiveBuffer, EndsAtTheMeasuredLength) {
+    GrownFile file;
+    CArchive archive(file, CArchive::load);
+    EXPECT_EQ(archive.ReadUInt16(), 0x0201);
+    EXPECT_EQ(archive.ReadByte(), 0x03);
+    EXPECT_THROW(archive.ReadByte(), CArchiveException);
 }
 
 TEST(ArchiveBuffer, DestructionWritesWhatIsStillBuffered) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
 #include <random>
 
@@ -37,6 +38,10 @@ TEST_F(ProfileLabels, FollowTheModeAndItsAffixesAndRoundLikePrintf) {
         {DescriptionMode::DxT, false, u"", u"", 0, 3.0f, 0.25f, u"4x0.2", u"d4"},    // 3.5 and 0.25 are exact
         {DescriptionMode::DxT, false, u"", u"", 0, 0.0f, 6.65f, u"13x6.7", u"d13"},  // 6.65f is 6.6500000953...
         {DescriptionMode::DxT, false, u"", u"", 0, 0.0f, 0.35f, u"1x0.3", u"d1"},    // 0.35f is 0.3499999940...
+        {DescriptionMode::DxT, false, u"", u"", 0, -0.3f, 0.1f, u"-0x0.1", u"d-0"},  // the sign of -0.1 stays
+        {DescriptionMode::DxT, false, u"", u"", 0, 0.0f, -0.04f, u"-0x-0.0", u"d-0"},
+        {DescriptionMode::DxT, false, u"", u"", 0, INFINITY, 1.0f, u"infx1.0", u"dinf"},
+        {DescriptionMode::DxT, false, u"", u"", 0, 1.0f, NAN, u"nanxnan", u"dnan"},
     };
     for (const auto& expected : cases) {
         SCOPED_TRACE(ToUtf8(expected.label));
@@ -54,8 +59,8 @@ TEST_F(ProfileLabels, LabelsMatchPrintfOverManyValues) {
     Describe(DescriptionMode::DxT);
     CQvxProfil* profile = material.AddProfile(11);
     std::mt19937 random(1234);
-    std::uniform_int_distribution<int> eighths(0, 72000);      // ties at .5 and .05 included
-    std::uniform_real_distribution<float> any(0.0f, 9000.0f);  // short labels hold 4 digits
+    std::uniform_int_distribution<int> eighths(0, 72000);         // ties at .5 and .05 included
+    std::uniform_real_distribution<float> any(-900.0f, 9000.0f);  // short labels hold "d" and 4 more
     for (int i = 0; i < 20000; ++i) {
         const float inner = i % 2 == 0 ? static_cast<float>(eighths(random)) / 8.0f : any(random);
         const float wall = i % 2 == 0 ? static_cast<float>(eighths(random) % 800) / 80.0f : any(random) / 100.0f;

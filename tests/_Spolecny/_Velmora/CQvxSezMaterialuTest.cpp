@@ -27,11 +27,14 @@ TEST(MaterialList, OrdersNamesByCodeUnitsCaseSensitively) {
     EXPECT_NE(list.Find(u"pe"), list.Find(u"PE"));
     EXPECT_EQ(list.Find(u"Pe"), nullptr);
 
-    auto duplicate = std::make_unique<CQvxMaterial>(&list, u"PE", 0, 0);
-    const auto [held, inserted] = list.Insert(u"PE", duplicate);
-    EXPECT_FALSE(inserted);
-    EXPECT_EQ(held, list.Find(u"PE"));
-    EXPECT_NE(duplicate, nullptr);  // still the caller's
+    for (const char16_t* name : {u"PE", u"Čedič"}) {  // the first name and the last
+        auto duplicate = std::make_unique<CQvxMaterial>(&list, name, 0, 0);
+        const auto [held, inserted] = list.Insert(name, duplicate);
+        EXPECT_FALSE(inserted);
+        EXPECT_EQ(held, list.Find(name));
+        EXPECT_NE(duplicate, nullptr);  // still the caller's
+    }
+    EXPECT_EQ(list.Count(), 5u);
 }
 
 TEST(MaterialList, ClearKeepingUsedLetsUsedMaterialsLive) {
