@@ -1,5 +1,6 @@
-// Velmora.exe itself, started as a user starts it. Runs in a Wine prefix of its own that
-// first_run.sh makes: the four folder values and only the standard catalogue.
+// Velmora.exe itself, started as a user starts it, and a host program of velmora.dll. They run in
+// Wine prefixes of their own: first_run.sh makes one with the four folder values and only the
+// standard catalogue; install.sh installs the program there with its installer.
 
 #include <windows.h>
 #include <commctrl.h>
@@ -7,9 +8,18 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
+#include "Win/WideText.h"
+#include "_Velmora/CQvxMaterial.h"
+#include "_Velmora/CQvxProfil.h"
+#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
+#include "support/CatalogueBuilding.h"
+#include "win/DialogWatcher.h"
 #include "win/TaskDialogWatcher.h"
 
 namespace {
@@ -26,8 +36,15 @@ std::wstring FromEnvironment(const wchar_t* name) {
     return value != nullptr ? value : L"";
 }
 
-// The editor's window: the dialog titled "Materiály potrubí" that holds the material list.
-HWND WaitForEditor(DWORD milliseconds) {
+// The program the folder values of the prefix belong to: the installed one, or the one built here.
+std::wstring ProgramPath() {
+    const std::wstring installed = FromEnvironment(L"VELMORA_PROGRAM");
+    return installed.empty() ? ThisFolder() + L"..\\Velmora\\Velmora.exe" : installed;
+}
+
+// The window of the material dialogs (another process's): titled "Materiály potrubí", with the
+// material list.
+HWND WaitForMaterialDialog(DWORD milliseconds) {
     for (DWORD waited = 0; waited < milliseconds; waited += 50) {
         for (HWND window = FindWindowExW(nullptr, nullptr, L"#32770", L"Materiály potrubí"); window != nullptr;
              window = FindWindowExW(nullptr, window, L"#32770", L"Materiály potrubí")) {
@@ -38,38 +55,108 @@ HWND WaitForEditor(DWORD milliseconds) {
     return nullptr;
 }
 
+// A control's text; WM_GETTEXT reaches controls of other processes too.
+std::wstring ControlText(HWND dialog, int id) {
+    wchar_t text[256] = {};
+    GetDlgItemTextW(dialog, id, text, 256);
+    return text;
+}
+
+// A program started as Explorer starts it, ended when a test leaves it running.
+class StartedProgram {
+public:
+    explicit StartedProgram(std::wstring path) {
+        std::wstring command = L"\"" + path + L"\"";
+        STARTUPINFOW startup{};
+        startup.cb = sizeof(startup);
+        started_ = CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                                  &process_) != FALSE;
+    }
+    ~StartedProgram() {
+        if (!started_) return;
+        if (WaitForSingleObject(process_.hProcess, 0) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 1);
+        CloseHandle(process_.hThread);
+        CloseHandle(process_.hProcess);
+    }
+    StartedProgram(const StartedProgram&) = delete;
+    StartedProgram& operator=(const StartedProgram&) = delete;
+
+    bool Started() const { return started_; }
+    // The exit code once the program has ended within `milliseconds`; STILL_ACTIVE otherwise.
+    DWORD WaitForExit(DWORD milliseconds) const {
+        DWORD exitCode = STILL_ACTIVE;
+        if (WaitForSingleObject(process_.hProcess, milliseconds) == WAIT_OBJECT_0) {
+            GetExitCodeProcess(process_.hProcess, &exitCode);
+        }
+        return exitCode;
+    }
+
+private:
+    PROCESS_INFORMATION process_{};
+    bool started_ = false;
+};
+
 TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
     const std::wstring dataFolder = FromEnvironment(L"VELMORA_FIRST_RUN_DATA");
     if (dataFolder.empty()) GTEST_SKIP() << "runs in the prefix that first_run.sh prepares";
     const std::wstring userCatalogue = dataFolder + L"\\Velmora\\Potrubi.qxp";
     ASSERT_EQ(GetFileAttributesW(userCatalogue.c_str()), INVALID_FILE_ATTRIBUTES);
 
-    std::wstring command = L"\"" + ThisFolder() + L"..\\Velmora\\Velmora.exe\"";
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION program{};
     TaskDialogWatcher firstRun(L"Materiály potrubí", IDOK);
-    ASSERT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &program));
+    StartedProgram program(ProgramPath());
+    ASSERT_TRUE(program.Started());
 
     const TaskDialogWatcher::Seen& seen = firstRun.Wait();
     EXPECT_TRUE(seen.found);
     EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\n" + userCatalogue));
     EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
 
-    const HWND editor = WaitForEditor(10000);
+    const HWND editor = WaitForMaterialDialog(10000);
     ASSERT_NE(editor, nullptr);
     EXPECT_NE(GetFileAttributesW(userCatalogue.c_str()), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(SendDlgItemMessageW(editor, IDC_MATERIAL_LIST, LVM_GETITEMCOUNT, 0, 0), 31);
 
     PostMessageW(editor, WM_CLOSE, 0, 0);
-    EXPECT_EQ(WaitForSingleObject(program.hProcess, 10000), WAIT_OBJECT_0);
-    DWORD exitCode = 1;
-    GetExitCodeProcess(program.hProcess, &exitCode);
-    EXPECT_EQ(exitCode, 0u);
-    if (WaitForSingleObject(program.hProcess, 0) != WAIT_OBJECT_0) TerminateProcess(program.hProcess, 1);
-    CloseHandle(program.hThread);
-    CloseHandle(program.hProcess);
+    EXPECT_EQ(program.WaitForExit(10000), 0u);
+}
+
+// The sample host asks for a material for water pipes and a profile. The user moves down the list
+// to the next material with profiles and presses "Vyber"; the host shows the material's name and
+// the DN index of its first profile, which the selection dialog selects with the material.
+TEST(Program, SampleHostPicksAMaterialAndAProfile) {
+    const std::wstring host = FromEnvironment(L"VELMORA_SAMPLE_HOST");
+    if (host.empty()) GTEST_SKIP() << "runs in the prefix where install.sh installed the program";
+    std::ifstream file(std::filesystem::path(FromEnvironment(L"VELMORA_FIRST_RUN_DATA") + L"\\Velmora\\Potrubi.qxp"),
+                       std::ios::binary);
+    CQvxSezMaterialu catalogue;
+    ReadCatalogue(catalogue, Bytes(std::istreambuf_iterator<char>(file), {}));
+
+    StartedProgram program(host);
+    ASSERT_TRUE(program.Started());
+    const HWND dialog = WaitForMaterialDialog(10000);
+    ASSERT_NE(dialog, nullptr);
+    std::wstring picked = ControlText(dialog, IDC_NAME);
+    const CQvxMaterial* material = nullptr;
+    for (int row = 1; row < 5 && (material == nullptr || material->Profiles().empty()); ++row) {
+        const std::wstring previous = picked;
+        PostMessageW(GetDlgItem(dialog, IDC_MATERIAL_LIST), WM_KEYDOWN, VK_DOWN, 0);
+        for (int attempt = 0; attempt < 100 && picked == previous; ++attempt) {
+            Sleep(50);
+            picked = ControlText(dialog, IDC_NAME);
+        }
+        material = catalogue.Find(FromWide(picked));
+    }
+    ASSERT_TRUE(material != nullptr && !material->Profiles().empty()) << "no material with profiles near the top";
+
+    std::wstring shown;
+    DialogWatcher result(L"Vybraný materiál", [&](HWND box) {
+        shown = ControlText(box, 0xFFFF);  // the box's text
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    PostMessageW(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);  // "Vyber"
+    EXPECT_TRUE(result.Wait());
+    EXPECT_EQ(shown, L"Materiál: " + picked + L"\nIndex DN: " + std::to_wstring(material->Profiles().begin()->first));
+    EXPECT_EQ(program.WaitForExit(10000), 0u);
 }
 
 }  // namespace
