@@ -249,13 +249,17 @@ TEST_F(MaterialEditor, TenThousandMaterialsOpenAndFilterWithoutAPause) {
     }
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
-    Open();
+    editor.PrepareEditing(catalogue, filter);
+    const auto copied = Clock::now();
+    ASSERT_TRUE(editor.Create());
+    editor.Show(SW_SHOW);
+    gui::Pump(editor);
     const auto opened = Clock::now();
     Click(IDC_FILTER_ALL);
     const auto filled = Clock::now();
     const auto ms = [](Clock::duration d) { return std::chrono::duration<double, std::milli>(d).count(); };
-    std::printf("[ figures  ] 10,000 materials: copy and open %.0f ms, FillList with its sort %.0f ms\n",
-                ms(opened - start), ms(filled - opened));
+    std::printf("[ figures  ] 10,000 materials: working copy %.0f ms, opening %.0f ms, FillList with its sort %.0f ms\n",
+                ms(copied - start), ms(opened - copied), ms(filled - opened));
     EXPECT_EQ(editor.MaterialList().GetItemCount(), 10000);
     EXPECT_EQ(ShownNames(editor).front(), u"Mat 00000");
 }
