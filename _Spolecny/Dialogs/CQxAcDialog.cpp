@@ -4,14 +4,10 @@
 
 #include "Dialogs/DialogMetrics.h"
 #include "Win/Application.h"
+#include "UserMessages.h"
 #include "Win/WideText.h"
 
 namespace {
-
-COLORREF HeadingColour() {
-    static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
-    return hotLight;
-}
 
 // "Arial" at 13 points on the screen, as a point font is made.
 HFONT CreateBaseFont() {
@@ -33,6 +29,23 @@ HFONT CreateBoldFont(HFONT baseFont) {
 }
 
 }  // namespace
+
+COLORREF CQxAcDialog::HeadingColour() {
+    static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
+    return hotLight;
+}
+
+LRESULT CQxAcDialog::HeadingControlColours(HDC dc, COLORREF colour) {
+    SetTextColor(dc, colour);
+    SetBkMode(dc, TRANSPARENT);
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+int CQxAcDialog::ShowMessage(std::u16string_view text, UINT flags) const {
+    const std::u16string body(text);
+    const std::u16string caption(Captions::kProgram);
+    return MessageBoxW(Handle(), Wide(body), Wide(caption), flags);
+}
 
 float ReadMonitorScale(HWND window) {
     const HMONITOR monitor = MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST);

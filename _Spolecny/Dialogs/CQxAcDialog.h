@@ -34,6 +34,13 @@ public:
     // Relays every message to every tooltip, then lets the dialog handle it.
     bool PreTranslateMessage(MSG& message) override;
 
+    // A message box over the dialog under the program's caption "Materiály potrubí"; `flags` are the
+    // message box's buttons and icon. Returns the button pressed.
+    int ShowMessage(std::u16string_view text, UINT flags) const;
+
+    // The system hot-light colour of the headings, read once.
+    static COLORREF HeadingColour();
+
     const std::u16string& Heading() const { return heading_; }
     HFONT BaseFont() const { return baseFont_.Get(); }
     HFONT BoldFont() const { return boldFont_.Get(); }
@@ -41,6 +48,9 @@ public:
     SIZE InitialSize() const { return {initialWidth_, initialHeight_}; }
 
 protected:
+    // Answers WM_CTLCOLORSTATIC for a heading text control: `colour` on the dialog's background.
+    static LRESULT HeadingControlColours(HDC dc, COLORREF colour);
+
     BOOL OnInitDialog() override;
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 

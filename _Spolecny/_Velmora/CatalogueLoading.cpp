@@ -5,6 +5,7 @@
 #include "Framework/CArchive.h"
 #include "Framework/CFile.h"
 #include "Framework/Exceptions.h"
+#include "TextCodec.h"
 #include "UserMessages.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 
@@ -12,11 +13,6 @@ namespace {
 
 constexpr std::u16string_view kUserCatalogue = u"Potrubi.qxp";
 constexpr std::u16string_view kStandardCatalogue = u"Potrubi_std.qxp";
-
-std::u16string Digits(unsigned long long value) {
-    const std::string text = std::to_string(value);
-    return std::u16string(text.begin(), text.end());
-}
 
 std::u16string CatalogueInFolder(int folder, std::u16string_view name) {
     return CQvxRegistry::ProgramFolder(folder, false) + std::u16string(name);
@@ -41,7 +37,7 @@ std::u16string DamagedCatalogueText(std::u16string_view path, const CArchiveExce
     const std::u16string_view fault = failure.GetCause() == CArchiveException::Cause::EndOfFile
                                           ? u"Soubor katalogu končí předčasně"
                                           : u"Soubor katalogu je poškozen";
-    return std::u16string(fault) + u":\n" + std::u16string(path) + u"\nChyba na bajtu " + Digits(failure.Offset()) +
+    return std::u16string(fault) + u":\n" + std::u16string(path) + u"\nChyba na bajtu " + FromUtf8(std::to_string(failure.Offset())) +
            u".";
 }
 

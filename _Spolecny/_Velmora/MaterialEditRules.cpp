@@ -6,6 +6,7 @@
 
 #include "CQvxException.h"
 #include "Dialogs/InputChecks.h"
+#include "TextCodec.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 
@@ -26,7 +27,7 @@ std::u16string Trimmed(std::u16string_view text) {
 std::u16string RoughnessText(float roughness) {
     char text[64];
     std::snprintf(text, sizeof(text), "%.5f", static_cast<double>(roughness));
-    return std::u16string(text, text + std::char_traits<char>::length(text));
+    return FromUtf8(text);
 }
 
 CQvxMaterial* AddNewMaterial(CQvxSezMaterialu& list, const MaterialExchangeRecord& fields, const CQvxMaterial* copied) {

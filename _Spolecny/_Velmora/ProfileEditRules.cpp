@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "TextCodec.h"
 #include "_Velmora/CQvxProfil.h"
 #include "_Velmora/MaterialTables.h"
 
@@ -17,12 +18,11 @@ constexpr int kLastBandIndex = kDnCount - 2;
 std::u16string Formatted(const char* format, double value) {
     char text[64];
     std::snprintf(text, sizeof(text), format, value);
-    return std::u16string(text, text + std::char_traits<char>::length(text));
+    return FromUtf8(text);
 }
 
 std::u16string Formatted(int value) {
-    const std::string text = std::to_string(value);
-    return std::u16string(text.begin(), text.end());
+    return FromUtf8(std::to_string(value));
 }
 
 double DnValue(int index) {

@@ -26,16 +26,12 @@ void CQxDlgGetDN::OnOK() {
         EndDialog(IDOK);
         return;
     }
-    MessageBoxW(Handle(), L"DN 'od' musí být menší nebo rovno DN 'do'", L"Materiály potrubí", MB_OK | MB_ICONEXCLAMATION);
+    ShowMessage(u"DN 'od' musí být menší nebo rovno DN 'do'", MB_ICONEXCLAMATION);
 }
 
 bool CQxDlgGetDN::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lParam) == Item(IDC_DN_HEADING)) {
-        static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
-        const auto dc = reinterpret_cast<HDC>(wParam);
-        SetTextColor(dc, hotLight);
-        SetBkMode(dc, TRANSPARENT);
-        result = reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+        result = HeadingControlColours(reinterpret_cast<HDC>(wParam), HeadingColour());
         return true;
     }
     return CQxAcDialog::HandleMessage(message, wParam, lParam, result);

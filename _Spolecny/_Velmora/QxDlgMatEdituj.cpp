@@ -4,6 +4,7 @@
 
 #include "CQvxFunkce.h"
 #include "Dialogs/TreeListEditRules.h"
+#include "UserMessages.h"
 #include "Win/Application.h"
 #include "Win/DataExchange.h"
 #include "Win/WideText.h"
@@ -17,15 +18,19 @@
 
 namespace {
 
-constexpr std::u16string_view kCaption = u"Materiály potrubí";
 constexpr int kUrsInstallCodeMaxLength = 10;
 constexpr DWORD kEditorPaneStyle = 0x400F0000;
 
-// The DN column's choices; the list outlives the control, as the control requires.
-const wchar_t* const kDnChoices[] = {
-    L"DN 8",   L"DN 10",  L"DN 12",  L"DN 15",  L"DN 20",  L"DN 25",  L"DN 32",   L"DN 40",   L"DN 50",  L"DN 65",
-    L"DN 80",  L"DN 100", L"DN 125", L"DN 150", L"DN 200", L"DN 225", L"DN 250",  L"DN 300",  L"DN 350", L"DN 400",
-    L"DN 450", L"DN 500", L"DN 600", L"DN 700", L"DN 800", L"DN 900", L"DN 1000", L"DN 1200", nullptr};
+// The DN column's choices: the DN table's labels, which are literals and so end in a null, and the
+// null that ends the list. The list outlives the control, as the control requires.
+const wchar_t* const* DnChoices() {
+    static const auto choices = [] {
+        std::array<const wchar_t*, kDnCount + 1> labels{};
+        for (int index = 0; index < kDnCount; ++index) labels[index] = Wide(DnTable()[index].label.data());
+        return labels;
+    }();
+    return choices.data();
+}
 
 int CALLBACK CompareDnIndexes(LPARAM left, LPARAM right, LPARAM) {
     return reinterpret_cast<const CQvxProfil*>(left)->DnIndex() - reinterpret_cast<const CQvxProfil*>(right)->DnIndex();
@@ -434,9 +439,7 @@ void CQxDlgMatEdituj::OnOK() {
 
 void CQxDlgMatEdituj::OnCancel() {
     if (!working_.IsUnchanged()) {
-        const std::u16string question = u"Uložit provedené změny do souboru?";
-        const std::u16string caption(kCaption);
-        const int answer = MessageBoxW(Handle(), Wide(question), Wide(caption), MB_YESNOCANCEL);
+        const int answer = ShowMessage(u"Uložit provedené změny do souboru?", MB_YESNOCANCEL);
         if (answer == IDCANCEL) return;
         if (answer == IDYES) working_.SaveCatalogue();
     }
@@ -462,7 +465,7 @@ void CQxDlgMatEdituj::SetupProfileColumns() {
         profilePane_.SetColumnAutoEdit(column, 1);
         profilePane_.SetColumnCheck(column, InputKind::kDecimalNumber);
     }
-    profilePane_.SetColumnAutoEdit(kDnColumn, 3, 0, kDnChoices);
+    profilePane_.SetColumnAutoEdit(kDnColumn, 3, 0, DnChoices());
 }
 
 HTREEITEM CQxDlgMatEdituj::InsertProfileRow(CQvxProfil& profile) {
@@ -514,8 +517,7 @@ void CQxDlgMatEdituj::OnAddProfile() {
             ShowMessage(u"Nelze přidat již další DN !!", MB_ICONERROR);
             return;
         }
-        const int answer = MessageBoxW(Handle(), L"Nelze přidat již další DN, přidat od začátku?", L"Materiály potrubí",
-                                       MB_YESNO | MB_ICONQUESTION);
+        const int answer = ShowMessage(u"Nelze přidat již další DN, přidat od začátku?", MB_YESNO | MB_ICONQUESTION);
         if (answer != IDYES) return;
         start = 0;
         free = FindFreeDnIndex(material.Profiles(), start);
@@ -547,8 +549,7 @@ void CQxDlgMatEdituj::OnDeleteProfile() {
 }
 
 void CQxDlgMatEdituj::OnDeleteAllProfiles() {
-    const int answer = MessageBoxW(Handle(), L"Opravdu vymazat všechny profily?\ntento krok je nevratný",
-                                   L"Materiály potrubí", MB_YESNO | MB_ICONQUESTION);
+    const int answer = ShowMessage(u"Opravdu vymazat všechny profily?\ntento krok je nevratný", MB_YESNO | MB_ICONQUESTION);
     if (answer != IDYES) return;
     CQvxMaterial& material = CurrentMaterial(u"Chyba při načítání položky materiálu", 695);
     EmptyProfilePane();
@@ -673,7 +674,7 @@ void CQxDlgMatEdituj::OnLoadFromFile() {
     const std::optional<std::u16string> path = pickFile_(Handle());
     if (!path) return;
     int answer = 0;
-    TaskDialog(Handle(), nullptr, L"Materiály potrubí",
+    TaskDialog(Handle(), nullptr, Wide(Captions::kProgram.data()),
                L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)",
                L"Pozor, tento krok je nevratný. \nNE - načtené materiály budou přidány\n a v případě výskytu "
                L"identických názvů budete vyzváni k přepsání",
@@ -694,7 +695,7 @@ void CQxDlgMatEdituj::OnLoadStandard() {
     TASKDIALOGCONFIG question{};
     question.cbSize = sizeof(question);
     question.hwndParent = Handle();
-    question.pszWindowTitle = L"Materiály potrubí";
+    question.pszWindowTitle = Wide(Captions::kProgram.data());
     question.pszMainIcon = TD_WARNING_ICON;
     question.pszMainInstruction = L"Vymazat stávající materiály?";
     question.pszContent = L"Vymazat před načtením všechny materiály (používané materiály vymazat nelze)?\nPozor, "

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "UserMessages.h"
 #include "Win/DataExchange.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr std::u16string_view kCaption = u"Materiály potrubí";
 constexpr COLORREF kChooseFromColour = RGB(255, 0, 0);
 constexpr DWORD kSelectionPaneStyle = 0x400B0000;
 
@@ -38,11 +38,6 @@ const std::vector<int> kFieldControls = {
     IDC_PN_LABEL,         IDC_PN,                IDC_SDR_LABEL,         IDC_SDR,                 IDC_ROUGHNESS_LABEL,
     IDC_ROUGHNESS,        IDC_LABEL_MODE_LABEL,  IDC_LABEL_DN,          IDC_LABEL_DXT,           IDC_LABEL_CUSTOM,
     IDC_SHAPE_CIRCLE,     IDC_SHAPE_EGG,         IDC_SHAPE_EGG_PRAGUE,  IDC_SHAPE_MOUTH,         IDC_SHAPE_RECTANGLE};
-
-COLORREF HotLightColour() {
-    static const COLORREF hotLight = GetSysColor(COLOR_HOTLIGHT);
-    return hotLight;
-}
 
 }  // namespace
 
@@ -95,7 +90,7 @@ BOOL CQxDlgMatVyber::OnInitDialog() {
             materialsHeading.SetText(u"Vyber materiál potrubí");
         }
     }
-    SetText(kCaption);
+    SetText(Captions::kProgram);
 
     materialList_.Subclass(Item(IDC_MATERIAL_LIST));
     materialList_.SetExtendedStyle(LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_ONECLICKACTIVATE | LVS_EX_INFOTIP);
@@ -269,12 +264,6 @@ void CQxDlgMatVyber::OnOK() {
     EndDialog(IDOK);
 }
 
-void CQxDlgMatVyber::ShowMessage(std::u16string_view text, UINT icon) const {
-    const std::u16string body(text);
-    const std::u16string caption(kCaption);
-    MessageBoxW(Handle(), Wide(body), Wide(caption), MB_OK | icon);
-}
-
 bool CQxDlgMatVyber::OnCommand(WORD id, WORD code, HWND control) {
     if (code == BN_CLICKED) {
         if (id >= IDC_SCOPE_ZTI && id <= IDC_FILTER_ALL) {
@@ -392,9 +381,7 @@ LRESULT CQxDlgMatVyber::HeadingColours(HDC dc, HWND control) const {
     const bool materialsHeading = control == Item(IDC_MATERIALS_HEADING);
     // In selection the heading of the pane to choose from is red.
     const bool chooseFrom = !editorMode_ && (materialsHeading ? !selectProfile_ : selectProfile_);
-    SetTextColor(dc, chooseFrom ? kChooseFromColour : HotLightColour());
-    SetBkMode(dc, TRANSPARENT);
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    return HeadingControlColours(dc, chooseFrom ? kChooseFromColour : HeadingColour());
 }
 
 bool CQxDlgMatVyber::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

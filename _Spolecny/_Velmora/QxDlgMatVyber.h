@@ -68,7 +68,6 @@ protected:
     void EmptyProfilePane() const;
     // Makes the tree-list over the placeholder with the dialogs' styles and `extendedStyle`.
     void CreateProfilePane(DWORD extendedStyle);
-    void ShowMessage(std::u16string_view text, UINT icon) const;
     // Moves one bit of `mask` between the member and check box `id`; other bits stay.
     static void ExchangeBit(CDataExchange& exchange, int id, int32_t& mask, int32_t bit);
     // The material's fields with their labels.
