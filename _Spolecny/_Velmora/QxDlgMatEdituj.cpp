@@ -1,6 +1,7 @@
 #include "_Velmora/QxDlgMatEdituj.h"
 
 #include <array>
+#include <span>
 
 #include "CQvxFunkce.h"
 #include "Dialogs/TreeListEditRules.h"
@@ -187,25 +188,24 @@ void CQxDlgMatEdituj::DoDataExchange(CDataExchange& exchange) {
 }
 
 void CQxDlgMatEdituj::ApplyLayout() const {
-    const auto set = [this](const int* ids, std::size_t count, EditorGroup group) {
+    const auto set = [this](std::span<const int> ids, EditorGroup group) {
         const GroupState state = LayoutOf(group, mode_);
-        for (std::size_t i = 0; i < count; ++i) {
-            const HWND control = Item(ids[i]);
-            EnableWindow(control, state.enabled);
-            ShowWindow(control, state.visible ? SW_SHOW : SW_HIDE);
+        for (const int id : ids) {
+            EnableWindow(Item(id), state.enabled);
+            ShowWindow(Item(id), state.visible ? SW_SHOW : SW_HIDE);
         }
     };
-    const std::vector<int>& fields = FieldControls();
-    set(fields.data(), fields.size(), EditorGroup::MaterialFields);
-    set(kApplyButtons, std::size(kApplyButtons), EditorGroup::ApplyButtons);
-    const int list[] = {IDC_MATERIAL_LIST};
-    set(list, 1, EditorGroup::MaterialList);
-    set(kMaterialCommands, std::size(kMaterialCommands), EditorGroup::MaterialCommands);
-    const int radios[] = {IDC_SCOPE_ZTI,   IDC_SCOPE_NETWORKS, IDC_SCOPE_ALL,    IDC_FILTER_SEWAGE, IDC_FILTER_PRESSURE_SEWAGE,
-                          IDC_FILTER_WATER, IDC_FILTER_GAS,    IDC_FILTER_HEATING, IDC_FILTER_ALL};
-    set(radios, std::size(radios), EditorGroup::FilterRadios);
-    set(kLoadCommands, std::size(kLoadCommands), EditorGroup::LoadCommands);
-    set(kProfileControls, std::size(kProfileControls), EditorGroup::ProfilePane);
+    constexpr int kList[] = {IDC_MATERIAL_LIST};
+    constexpr int kRadios[] = {IDC_SCOPE_ZTI,    IDC_SCOPE_NETWORKS, IDC_SCOPE_ALL,      IDC_FILTER_SEWAGE,
+                               IDC_FILTER_PRESSURE_SEWAGE, IDC_FILTER_WATER, IDC_FILTER_GAS, IDC_FILTER_HEATING,
+                               IDC_FILTER_ALL};
+    set(FieldControls(), EditorGroup::MaterialFields);
+    set(kApplyButtons, EditorGroup::ApplyButtons);
+    set(kList, EditorGroup::MaterialList);
+    set(kMaterialCommands, EditorGroup::MaterialCommands);
+    set(kRadios, EditorGroup::FilterRadios);
+    set(kLoadCommands, EditorGroup::LoadCommands);
+    set(kProfileControls, EditorGroup::ProfilePane);
     profilePane_.Enable(LayoutOf(EditorGroup::ProfilePane, mode_).enabled);
 }
 

@@ -159,6 +159,7 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection
     DialogWatcher range(L"Výběr rozsahu DN", [](HWND dialog) {
         SendDlgItemMessageW(dialog, IDC_DN_FROM, CB_SETCURSEL, kDn80, 0);
         SendDlgItemMessageW(dialog, IDC_DN_TO, CB_SETCURSEL, kDn125, 0);
+        Sleep(300);  // let it draw for the picture
         gui::SaveScreenshot(L"dn-range");
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
