@@ -35,6 +35,7 @@ TEST(CsvParse, BlankRowsAreRecognised) {
     EXPECT_TRUE(document.records[2].IsBlank());
     EXPECT_FALSE(document.records[3].IsBlank());
     EXPECT_EQ(document.records[3].line, 4u);
+    EXPECT_EQ(document.records[3].fields, (Fields{"c", "d"}));  // the last field needs no line end
 }
 
 TEST(CsvParse, SyntaxErrorsNameTheirLineAndKeepTheRecordsBefore) {

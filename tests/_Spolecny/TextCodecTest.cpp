@@ -26,19 +26,22 @@ TEST(Windows1250, CharactersOutsideTheCodePageBecomeQuestionMarks) {
     EXPECT_EQ(ToWindows1250(u"a\u4E2Db\u00F1"), "a?b?");  // CJK and ñ are not in Windows-1250
 }
 
-TEST(Utf8, RoundTripsCzechTextAndSupplementaryCharacters) {
-    const std::u16string text = u"Materiály potrubí \U0001F600";
+TEST(Utf8, EncodesEachLengthAtItsBoundariesAndReadsBack) {
+    const std::u16string text = u"\u007F\u0080 Materiály \u07FF\u0800\uFFFF \U0001F600";
     const std::string utf8 = ToUtf8(text);
-    EXPECT_EQ(utf8, "Materi\xC3\xA1ly potrub\xC3\xAD \xF0\x9F\x98\x80");
+    EXPECT_EQ(utf8, "\x7F\xC2\x80 Materi\xC3\xA1ly \xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF \xF0\x9F\x98\x80");
     EXPECT_EQ(FromUtf8(utf8), text);
 }
 
 TEST(Utf8, MalformedInputBecomesReplacementCharacters) {
     EXPECT_EQ(ToUtf8(std::u16string(1, char16_t(0xD800)) + u"a"), "\xEF\xBF\xBD" "a");  // lone surrogate
-    EXPECT_EQ(FromUtf8("\xC0\x80"), u"\uFFFD");                       // overlong zero
-    EXPECT_EQ(FromUtf8("a\xE2\x82"), u"a\uFFFD");                     // cut sequence
-    EXPECT_EQ(FromUtf8("\xED\xA0\x80"), u"\uFFFD");                   // encoded surrogate
-    EXPECT_EQ(FromUtf8("\xFF" "b"), u"\uFFFD" "b");                   // never a lead byte
+    for (const auto& [bytes, text] : {std::pair<std::string_view, std::u16string_view>{"\xC0\x80", u"\uFFFD"},  // overlong
+                                      {"a\xE2\x82", u"a\uFFFD"},            // cut sequence
+                                      {"\xED\xA0\x80", u"\uFFFD"},          // encoded surrogate
+                                      {"\xFF" "b", u"\uFFFD" "b"},            // never a lead byte
+                                      {"\xC3\xA1\x80", u"\u00E1\uFFFD"}}) {  // a stray continuation byte
+        EXPECT_EQ(FromUtf8(bytes), text) << bytes;
+    }
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
     WriteFile(folder / "list-version-0.qxp", Hex(kListVersion0));
     WriteFile(folder / "material-version-2.qxp", Hex(kMaterialVersion2));
     WriteFile(folder / "material-version-3.qxp", Hex(kMaterialVersion3));
+    WriteFile(folder / "material-version-4.qxp", Hex(kMaterialVersion4));
     WriteFile(folder / "material-version-6.qxp", Hex(kMaterialVersion6));
 
     CQvxSezMaterialu empty;

@@ -64,6 +64,15 @@ inline constexpr const char* kMaterialVersion3 =
     "    44 00 4E 00 20 00 32 00 32 00 35 00 00 00"
     "  FF  FF";
 
+// A material of version 4 (terminated affixes, no shape) with a profile of version 6 (no label).
+inline constexpr const char* kMaterialVersion4 =
+    "03  04 02 01  44 00 4E 00 00 00  00 00"  // Custom labels on the inner diameter, prefix "DN"
+    "  FF FE FF 04 53 00 6B 00 6C 00 6F 00  FF FE FF 00  FF FE FF 00"
+    "  00 00 80 3F  01 00 02 00 00 00 00 00"
+    // DN index 11, 90 x 10, obsolete word, width 640, codes "C" and "D"
+    "  06 0B 00  00 00 B4 42  00 00 20 41  00 00 00 00  80 02 00 00  43 00 00 00  44 00 00 00"
+    "  FF  FF";
+
 // A material of version 6 (display name stored) with a profile of version 5.
 inline constexpr const char* kMaterialVersion6 =
     "03  06 00 00 00 00 00 00"

@@ -33,6 +33,8 @@ TEST_F(TreeList, ItemsAreNumberedFromOneAndNumbersAreNotReusedUntilAllGo) {
     EXPECT_EQ(model.Param(99), 0);  // beyond the table
     EXPECT_EQ(model.Param(3), 80);
     EXPECT_FALSE(model.SetParam(2, 7));
+    model.SetCurrent(2, 0);
+    EXPECT_EQ(model.Current(), 0u);  // a deleted item cannot become current
     EXPECT_EQ(model.Count(), 2u);
     EXPECT_EQ(Add(u"DN 100"), 4u);
 
@@ -76,6 +78,7 @@ TEST_F(TreeList, RelationsFollowTheTreeAndWhatIsExpanded) {
     EXPECT_EQ(model.Next(TreeRelation::Root, 0), a);
     EXPECT_EQ(model.Next(TreeRelation::Next, a1), a2);
     EXPECT_EQ(model.Next(TreeRelation::Previous, a1), 0u);
+    EXPECT_EQ(model.Next(TreeRelation::Previous, a2), a1);
     EXPECT_EQ(model.Next(TreeRelation::Parent, a2), a);
     EXPECT_EQ(model.Next(TreeRelation::Child, a), a1);
     EXPECT_TRUE(model.HasChildren(a));

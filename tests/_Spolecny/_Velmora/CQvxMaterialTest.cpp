@@ -52,14 +52,19 @@ TEST(AddProfileDefaults, FollowTheDnTheLabelModeAndTheSdrRow) {
 
 using AddProfile = MaterialFixture;
 
-TEST_F(AddProfile, RefusesATakenOrUnknownIndex) {
-    ASSERT_NE(material.AddProfile(4), nullptr);
+TEST_F(AddProfile, AddAndDeleteRefuseATakenUsedOrUnknownIndex) {
+    CQvxProfil* used = material.AddProfile(4);
+    ASSERT_NE(material.AddProfile(5), nullptr);
+    used->Users().Register(&used);
     list.SetUnchanged(true);
-    EXPECT_EQ(material.AddProfile(4), nullptr);
-    EXPECT_EQ(material.AddProfile(28), nullptr);
-    EXPECT_EQ(material.AddProfile(-1), nullptr);
+    for (const int refused : {4, 28, -1}) EXPECT_EQ(material.AddProfile(refused), nullptr) << refused;
+    EXPECT_FALSE(material.DeleteProfile(4));  // in use
+    EXPECT_FALSE(material.DeleteProfile(6));
     EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_TRUE(material.DeleteProfile(5));
+    EXPECT_FALSE(list.IsUnchanged());
     EXPECT_EQ(material.Profiles().size(), 1u);
+    material.FindProfile(4)->Users().Unregister(&used);
 }
 
 TEST_F(AddProfile, GenerateSeriesReplacesAllProfiles) {
