@@ -1,26 +1,19 @@
 #include <gtest/gtest.h>
 
 #include "ToolTestSupport.h"
+#include "support/CsvSheets.h"
 
 namespace {
 
-constexpr std::string_view kMaterials =
-    "\xEF\xBB\xBFNázev;Podrobný popis;Výrobce;Uložení;Médium;Drsnost [mm];Tl. třída;SDr;Způsob popisu;Prefix;"
-    "Suffix;Průměr v popisu;Tvar\n"
-    "Beton vejčitý;Vejčité stoky;;Inženýrské sítě;Kanalizace;0.3;;;Jiný;\"V \";;Vnitřní průměr;Vejce\n"
-    "PE100 SDR11;ČSN EN 12201-2;;Inženýrské sítě;Voda;0.01;PN 16;SDr 11;D x t;;;Vnější průměr;Kruh\n";
-constexpr std::string_view kProfiles =
-    "\xEF\xBB\xBFMateriál;DN;OD [mm];Stěna [mm];ID / výška [mm];Šířka [mm];Kód URS materiál;Kód URS montáž\n"
-    "Beton vejčitý;DN 450;450;0;450;300;;\n"
-    "PE100 SDR11;DN 100;110;10;90;;801234567;\n";
+using namespace CsvSheets;
 
 class CatalogueTool : public ToolTest {
 protected:
     // The sheets above in the folder "csv", converted to "pe.qxp".
     void MakeCatalogue() {
         std::filesystem::create_directories(folder / "csv");
-        WriteBytes("csv/materialy.csv", std::string(kMaterials));
-        WriteBytes("csv/profily.csv", std::string(kProfiles));
+        WriteBytes("csv/materialy.csv", Canonical().materials);
+        WriteBytes("csv/profily.csv", Canonical().profiles);
         ASSERT_EQ(Run({"csv2qxp", In("csv"), In("pe.qxp")}), kExitDone) << err.str();
     }
 };
@@ -47,13 +40,13 @@ TEST_F(CatalogueTool, HelpNamesEveryCommandAndBadUsageExitsWithTwo) {
 
 TEST_F(CatalogueTool, ConvertsBothWaysWithoutLoss) {
     MakeCatalogue();
-    EXPECT_EQ(out.str(), "Zapsán katalog „" + In("pe.qxp") + "“: materiálů 2, profilů 2.\n");
+    EXPECT_EQ(out.str(), "Zapsán katalog „" + In("pe.qxp") + "“: materiálů 2, profilů 4.\n");
     const std::string catalogue = ReadBytes(folder / "pe.qxp");
     EXPECT_EQ(catalogue.substr(0, 2), "\x03\x05");  // list version 3, material version 5
 
     ASSERT_EQ(Run({"qxp2csv", In("pe.qxp"), In("back")}), kExitDone) << err.str();
-    EXPECT_EQ(ReadBytes(folder / "back/materialy.csv"), kMaterials);
-    EXPECT_EQ(ReadBytes(folder / "back/profily.csv"), kProfiles);
+    EXPECT_EQ(ReadBytes(folder / "back/materialy.csv"), Canonical().materials);
+    EXPECT_EQ(ReadBytes(folder / "back/profily.csv"), Canonical().profiles);
 
     ASSERT_EQ(Run({"csv2qxp", In("back"), In("again.qxp")}), kExitDone) << err.str();
     EXPECT_EQ(ReadBytes(folder / "again.qxp"), catalogue);
@@ -64,8 +57,8 @@ TEST_F(CatalogueTool, BadSheetsNameEveryLineAndWriteNothing) {
     MakeCatalogue();
     const std::string before = ReadBytes(folder / "pe.qxp");
     WriteBytes("csv/materialy.csv",
-               std::string(kMaterials) + "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n");
-    WriteBytes("csv/profily.csv", std::string(kProfiles) +
+               Canonical().materials + "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n");
+    WriteBytes("csv/profily.csv", Canonical().profiles +
                                       "PE100 SDR11;DN 110;110;10;90;;;\n"
                                       "PE100 SDR11;DN 100;110;10;90;;;\n"
                                       "PE100 SDR11;DN 80;90;8,2;x;;;\n"
@@ -76,13 +69,13 @@ TEST_F(CatalogueTool, BadSheetsNameEveryLineAndWriteNothing) {
                   "“:\n"
                   "  materialy.csv, řádek 4: Text „PE100 SDR11 pro pitnou vodu“ ve sloupci „Název“ je delší "
                   "než 20 znaků.\n"
-                  "  profily.csv, řádek 4: Neznámá hodnota „DN 110“ ve sloupci „DN“; platné jsou: DN 8, DN 10, "
+                  "  profily.csv, řádek 6: Neznámá hodnota „DN 110“ ve sloupci „DN“; platné jsou: DN 8, DN 10, "
                   "DN 12, DN 15, DN 20, DN 25, DN 32, DN 40, DN 50, DN 65, DN 80, DN 100, DN 125, DN 150, "
                   "DN 200, DN 225, DN 250, DN 300, DN 350, DN 400, DN 450, DN 500, DN 600, DN 700, DN 800, "
                   "DN 900, DN 1000, DN 1200.\n"
-                  "  profily.csv, řádek 5: Materiál „PE100 SDR11“ už má profil „DN 100“ na řádku 3.\n"
-                  "  profily.csv, řádek 6: Neplatné číslo „x“ ve sloupci „ID / výška [mm]“.\n"
-                  "  profily.csv, řádek 7: Řádek má 4 sloupce, záhlaví 8 sloupců.\n"
+                  "  profily.csv, řádek 7: Materiál „PE100 SDR11“ už má profil „DN 100“ na řádku 4.\n"
+                  "  profily.csv, řádek 8: Neplatné číslo „x“ ve sloupci „ID / výška [mm]“.\n"
+                  "  profily.csv, řádek 9: Řádek má 4 sloupce, záhlaví 8 sloupců.\n"
                   "velmora-katalog: Listy ve složce „" +
                   In("csv") + "“ nelze převést, počet chyb: 5. Katalog „" + In("pe.qxp") + "“ nebyl zapsán.\n");
     EXPECT_EQ(ReadBytes(folder / "pe.qxp"), before);
@@ -93,8 +86,8 @@ TEST_F(CatalogueTool, BadSheetsNameEveryLineAndWriteNothing) {
     EXPECT_FALSE(std::filesystem::exists(folder / "new.qxp"));
 
     // Sound sheets whose sizes no label can show.
-    WriteBytes("csv/materialy.csv", std::string(kMaterials));
-    WriteBytes("csv/profily.csv", std::string(kProfiles) + "PE100 SDR11;DN 150;;10;1000000000000;;;\n");
+    WriteBytes("csv/materialy.csv", Canonical().materials);
+    WriteBytes("csv/profily.csv", Canonical().profiles + "PE100 SDR11;DN 150;;10;1000000000000;;;\n");
     EXPECT_EQ(Run({"csv2qxp", In("csv"), In("new.qxp")}), kExitBadInput);
     EXPECT_EQ(err.str(),
               "velmora-katalog: Materiál „PE100 SDR11“ ve složce „" + In("csv") +
@@ -108,7 +101,7 @@ TEST_F(CatalogueTool, ValidateReportsTheByteOfAMalformedCatalogue) {
     MakeCatalogue();
     const std::string good = ReadBytes(folder / "pe.qxp");
     EXPECT_EQ(Run({"validate", In("pe.qxp")}), kExitDone);
-    EXPECT_EQ(out.str(), "Soubor „" + In("pe.qxp") + "“ je v pořádku: materiálů 2, profilů 2.\n");
+    EXPECT_EQ(out.str(), "Soubor „" + In("pe.qxp") + "“ je v pořádku: materiálů 2, profilů 4.\n");
 
     WriteBytes("cut.qxp", good.substr(0, 30));
     EXPECT_EQ(Run({"validate", In("cut.qxp")}), kExitBadInput);
@@ -151,10 +144,10 @@ TEST_F(CatalogueTool, PrintShowsFieldsAndProfileLabels) {
     MakeCatalogue();
     ASSERT_EQ(Run({"print", In("pe.qxp")}), kExitDone) << err.str();
     const std::string text = out.str();
-    EXPECT_EQ(text.find(In("pe.qxp") + ": materiálů 2, profilů 2\n"), 0u);
-    EXPECT_NE(text.find("\nPE100 SDR11\n  Podrobný popis: ČSN EN 12201-2\n"), std::string::npos);
+    EXPECT_EQ(text.find(In("pe.qxp") + ": materiálů 2, profilů 4\n"), 0u);
+    EXPECT_NE(text.find("\nPE100 SDR11\n  Podrobný popis: Voda, ČSN EN 12201-2\n"), std::string::npos);
     EXPECT_NE(text.find("  Drsnost: 0.01 mm | Tl. třída: PN 16 | SDr: SDr 11\n"), std::string::npos);
-    EXPECT_NE(text.find("  110x10.0      DN 100       110.0   10.00     90.0         801234567\n"), std::string::npos)
+    EXPECT_NE(text.find("  110x10.0      DN 100       110.0   10.00     90.0         801234567    ABC\n"), std::string::npos)
         << text;
     EXPECT_NE(text.find("  Popis profilů: Jiný („V “ + vnitřní průměr + „“) | Tvar: Vejce\n"), std::string::npos);
     EXPECT_NE(text.find("  V 450         DN 450       450.0    0.00    450.0    300\n"), std::string::npos) << text;

@@ -5,29 +5,11 @@
 #include <utility>
 
 #include "_Velmora/CatalogueCsvFields.h"
+#include "support/CsvSheets.h"
 
 namespace {
 
-constexpr std::string_view kBom = "\xEF\xBB\xBF";
-constexpr std::string_view kMaterialsHeader =
-    "Název;Podrobný popis;Výrobce;Uložení;Médium;Drsnost [mm];Tl. třída;SDr;Způsob popisu;Prefix;Suffix;"
-    "Průměr v popisu;Tvar\n";
-constexpr std::string_view kProfilesHeader =
-    "Materiál;DN;OD [mm];Stěna [mm];ID / výška [mm];Šířka [mm];Kód URS materiál;Kód URS montáž\n";
-
-// Sheets as the tool writes them: materials in name order, profiles in DN order.
-CatalogueCsvSheets CanonicalSheets() {
-    return {std::string(kBom) + std::string(kMaterialsHeader) +
-                "Beton vejčitý;\"Vejčité stoky; š/v = 2/3\";;Inženýrské sítě;Kanalizace;0.3;;;Jiný;\"V \";;"
-                "Vnitřní průměr;Vejce\n"
-                "PE100 SDR11;Voda, ČSN EN 12201-2;Generic;ZTI+Inženýrské sítě;Voda+Plyn;0.01;PN 16;SDr 11;D x t;;;"
-                "Vnější průměr;Kruh\n",
-            std::string(kBom) + std::string(kProfilesHeader) +
-                "Beton vejčitý;DN 450;450;0;450;300;;\n"
-                "PE100 SDR11;DN 15;20;2;16;;;\n"
-                "PE100 SDR11;DN 100;110;10;90;;801234567;ABC\n"
-                "PE100 SDR11;DN 600;630;57.2;515.6;;;\n"};
-}
+using namespace CsvSheets;
 
 std::vector<std::string> Described(const CatalogueCsvContent& content) {
     std::vector<std::string> texts;
@@ -35,14 +17,8 @@ std::vector<std::string> Described(const CatalogueCsvContent& content) {
     return texts;
 }
 
-CatalogueCsvContent ReadWithProfiles(std::string_view profileRows) {
-    CatalogueCsvSheets sheets = CanonicalSheets();
-    sheets.profiles = std::string(kProfilesHeader) + std::string(profileRows);
-    return ReadCatalogueCsv(sheets);
-}
-
 TEST(CatalogueCsvRead, FieldsComeFromTheirColumns) {
-    const CatalogueCsvContent content = ReadCatalogueCsv(CanonicalSheets());
+    const CatalogueCsvContent content = ReadCatalogueCsv(Canonical());
     ASSERT_EQ(Described(content), std::vector<std::string>{});
     ASSERT_EQ(content.materials.size(), 2u);
 
@@ -76,7 +52,7 @@ TEST(CatalogueCsvRead, FieldsComeFromTheirColumns) {
 }
 
 TEST(CatalogueCsvWrite, WritesTheSheetsItReadsByteForByte) {
-    const CatalogueCsvSheets sheets = CanonicalSheets();
+    const CatalogueCsvSheets sheets = Canonical();
     const CatalogueCsvSheets written = WriteCatalogueCsv(ReadCatalogueCsv(sheets).materials);
     EXPECT_EQ(written.materials, sheets.materials);
     EXPECT_EQ(written.profiles, sheets.profiles);
@@ -104,12 +80,12 @@ TEST(CatalogueCsvRead, ColumnOrderCommasAndRowOrderAreFree) {
     EXPECT_EQ(materials[0].fields.uniqueName, u"PE100 SDR11");  // the sheet's order is kept
     std::swap(materials[0], materials[1]);
     const CatalogueCsvSheets written = WriteCatalogueCsv(materials);
-    EXPECT_EQ(written.materials, CanonicalSheets().materials);
-    EXPECT_EQ(written.profiles, CanonicalSheets().profiles);
+    EXPECT_EQ(written.materials, Canonical().materials);
+    EXPECT_EQ(written.profiles, Canonical().profiles);
 }
 
 TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
-    const CatalogueCsvContent content = ReadWithProfiles(
+    const CatalogueCsvContent content = ReadCatalogueCsv({Canonical().materials, Profiles(
         "PE100 SDR11;DN 15;20;2;16;;;\n"
         "PE100 SDR11;DN 20;25;2.3;20.4;;\n"
         "PE100 SDR11;DN 25;32;3,0x;26;;;\n"
@@ -117,7 +93,7 @@ TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
         "PE100 SDR11;DN 15;20;2;16;;;\n"
         "PE-X;DN 15;20;2;16;;;\n"
         "PE100 SDR11;DN 32;40;3.7;32;;;\n"
-        "PE100 SDR11;DN 40;;4.6;40.8;1.5;8012345678;\n");
+        "PE100 SDR11;DN 40;;4.6;40.8;1.5;8012345678;\n")});
     EXPECT_EQ(Described(content),
               (std::vector<std::string>{
                   "profily.csv, řádek 3: Řádek má 7 sloupců, záhlaví 8 sloupců.",
@@ -137,13 +113,13 @@ TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
 }
 
 TEST(CatalogueCsvRead, MaterialProblemsCarryTheirLineNumbers) {
-    CatalogueCsvSheets sheets = CanonicalSheets();
-    sheets.materials = std::string(kMaterialsHeader) +
+    CatalogueCsvSheets sheets = Canonical();
+    sheets.materials = Materials(
                        "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n"
                        "A;;Výrobce s velmi dlouhým jménem;ZTI;Voda;0.01;PN 20;SDr 26;DxT;HT-1;;vnější;Kruh\n"
                        ";;;;Voda+;0.01;;;DN;;;Vnější průměr;Kruh\n"
-                       "A;;;Sítě;Voda;abc;;;DN;;;Vnější průměr;Koule\n";
-    sheets.profiles = std::string(kProfilesHeader);
+                       "A;;;Sítě;Voda;abc;;;DN;;;Vnější průměr;Koule\n");
+    sheets.profiles = Profiles("");
     EXPECT_EQ(Described(ReadCatalogueCsv(sheets)),
               (std::vector<std::string>{
                   "materialy.csv, řádek 2: Text „PE100 SDR11 pro pitnou vodu“ ve sloupci „Název“ je delší než "
@@ -188,7 +164,7 @@ TEST(CatalogueCsvRead, HeaderAndFileProblems) {
                                                        "profily.csv, řádek 1: List je prázdný, chybí řádek záhlaví.",
                                                    }));
 
-    sheets = CanonicalSheets();
+    sheets = Canonical();
     sheets.profiles += "PE100 SDR11;DN 20;25;2.3;20.4;;\"ABC;\n";
     sheets.materials += "Cp1250 \xE8\xED\x9A;;;ZTI;Voda;0.01;;;DN;;;Vnější průměr;Kruh\n";
     EXPECT_EQ(Described(ReadCatalogueCsv(sheets)),
@@ -203,7 +179,7 @@ TEST(CatalogueCsvRead, HeaderAndFileProblems) {
 }
 
 TEST(CatalogueCsvWrite, RefusesValuesTheSheetsCannotName) {
-    CsvMaterialRecord material = ReadCatalogueCsv(CanonicalSheets()).materials[1];
+    CsvMaterialRecord material = ReadCatalogueCsv(Canonical()).materials[1];
     const auto refusal = [](const CsvMaterialRecord& record) -> std::string {
         try {
             WriteCatalogueCsv({record});
