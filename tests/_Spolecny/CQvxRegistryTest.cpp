@@ -31,18 +31,15 @@ TEST_F(RegistryPaths, MachineValueWinsOverTheUsersAndAnySeparatorIsAddedOnce) {
               std::u16string(u"/install") + kSep + u"Velmora" + kSep);
 }
 
-TEST_F(RegistryPaths, ValueInNeitherHiveIsAnInstallationFault) {
+TEST_F(RegistryPaths, MissingValueIsAnInstallationFaultAndAnEmptyOneAStringPositionError) {
     values.Set(Hive::LocalMachine, u"DataPath", u"/data");
     EXPECT_EQ(ThrownText([] { CQvxRegistry::ReadPath(CQvxRegistry::kInstallPath); }), MissingRegistryValueError());
-}
-
-TEST_F(RegistryPaths, EmptyValueStopsWithAStringPositionError) {
     values.Set(Hive::LocalMachine, u"CommonDataPath", u"");
     values.Set(Hive::CurrentUser, u"CommonDataPath", u"/user");  // not consulted: the machine value is present
     EXPECT_THROW(CQvxRegistry::ReadPath(CQvxRegistry::kCommonDataPath), std::out_of_range);
 }
 
-TEST_F(RegistryPaths, ProgramFolderIsCreatedOnlyWhenAsked) {
+TEST_F(RegistryPaths, ProgramFolderIsCreatedOnlyWhenAskedAndOnlyItsLastLevel) {
     TempFolder root;
     values.Set(Hive::LocalMachine, u"CommonDataPath", root.Path().u16string());
     const std::u16string folder = root / (u"Velmora" + std::u16string(1, kSep));
@@ -52,10 +49,7 @@ TEST_F(RegistryPaths, ProgramFolderIsCreatedOnlyWhenAsked) {
     EXPECT_EQ(CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, true), folder);
     EXPECT_TRUE(std::filesystem::is_directory(root.Path() / u"Velmora"));
     EXPECT_EQ(CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, true), folder);
-}
 
-TEST_F(RegistryPaths, OnlyTheLastLevelIsCreated) {
-    TempFolder root;
     values.Set(Hive::LocalMachine, u"CommonDataPath", root / u"chybí");
     EXPECT_EQ(ThrownText([] { CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, true); }),
               ExceptionText(u"Adresář nelze založit", 251, u"_Spolecny\\CQvxRegistry"));

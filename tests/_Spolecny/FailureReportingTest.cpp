@@ -18,43 +18,30 @@ protected:
     CUserMessagesScope installed{messages};
 };
 
-TEST_F(FailureReporting, ShowExceptionShowsTheTextUnderTheExceptionCaption) {
-    ShowException(CQvxException(u"Adresář nelze založit", 251, SourceModule::kRegistry));
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
-    EXPECT_EQ(messages.shown[0].text, u"Adresář nelze založit, Line 251, \n_Spolecny\\CQvxRegistry");
-}
-
-TEST_F(FailureReporting, EmptyTextShowsNothing) {
-    ShowException(SilentFailure());
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(FailureReporting, UserActionReportsAnyStandardExceptionAndKeepsEarlierChanges) {
+TEST_F(FailureReporting, UserActionShowsAFailureUnderItsCaptionAndKeepsEarlierChanges) {
     int steps = 0;
     EXPECT_TRUE(RunUserAction([&] { ++steps; }));
     EXPECT_FALSE(RunUserAction([&] {
         ++steps;
-        throw std::runtime_error("disk");
+        throw CQvxException(u"Adresář nelze založit", 251, SourceModule::kRegistry);
     }));
-    EXPECT_EQ(steps, 2);
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text, u"disk");
-}
-
-TEST_F(FailureReporting, FileFailureGetsItsFixedText) {
+    EXPECT_FALSE(RunUserAction([] { throw std::runtime_error("disk"); }));
+    EXPECT_FALSE(RunUserAction([] { throw SilentFailure(); }));  // an empty text shows nothing
     EXPECT_FALSE(RunUserAction([] { throw CFileException(CFileException::Cause::AccessDenied, u"C:\\x.qxp"); },
                                FileFailureText::kWriting));
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
-    EXPECT_EQ(messages.shown[0].text, u"Chyba při zápisu do souboru");
+    EXPECT_EQ(steps, 2);
+    ASSERT_EQ(messages.shown.size(), 3u);
+    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
+    EXPECT_EQ(messages.shown[0].text, u"Adresář nelze založit, Line 251, \n_Spolecny\\CQvxRegistry");
+    EXPECT_EQ(messages.shown[1].text, u"disk");
+    EXPECT_EQ(messages.shown[2].caption, u"Neočekávaná výjimka");
+    EXPECT_EQ(messages.shown[2].text, u"Chyba při zápisu do souboru");
 }
 
-TEST_F(FailureReporting, ArchiveFailuresPassToTheCaller) {
+TEST_F(FailureReporting, ArchiveFailuresAndUnnamedFileFailuresPassToTheCaller) {
     const auto truncated = [] { throw CArchiveException(CArchiveException::Cause::EndOfFile); };
     EXPECT_THROW(RunUserAction(truncated), CArchiveException);
     EXPECT_THROW(RunUserAction(truncated, FileFailureText::kReading), CArchiveException);
-    // A site without a file-failure text does not swallow file failures either.
     EXPECT_THROW(RunUserAction([] { throw CFileException(CFileException::Cause::Generic, u""); }), CFileException);
     EXPECT_TRUE(messages.shown.empty());
 }

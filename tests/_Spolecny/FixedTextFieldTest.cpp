@@ -17,19 +17,16 @@ TEST(FixedTextFieldWriting, KeepsAtMostCapacityMinusOneCharacters) {
     EXPECT_EQ(written(u"ABCD"), Hex("41 00 42 00 43 00 00 00"));
 }
 
-TEST(FixedTextFieldReading, TerminatedFormStopsAtTheZeroUnit) {
-    const Bytes bytes = Hex("41 00 00 00 42 00 43 00 44 00 45 00 00 00");
-    LoadBytes(bytes, [](CArchive& archive) {
+TEST(FixedTextFieldReading, TerminatedFormStopsAtTheZeroUnitWithinCapacityPlusOneUnits) {
+    LoadBytes(Hex("41 00 00 00 42 00 43 00 44 00 45 00 00 00"), [](CArchive& archive) {
         EXPECT_EQ(ReadTerminatedTextField(archive, 4), u"A");
         EXPECT_EQ(archive.Position(), 4u);
-        // n + 1 units with the terminator last: n characters.
-        EXPECT_EQ(ReadTerminatedTextField(archive, 4), u"BCDE");
+        EXPECT_EQ(ReadTerminatedTextField(archive, 4), u"BCDE");  // n + 1 units, the terminator last
     });
-}
-
-TEST(FixedTextFieldReading, TerminatedFormWithoutZeroInCapacityPlusOneUnitsIsRefused) {
-    const Bytes bytes = Hex("41 00 42 00 43 00 44 00 45 00 00 00");
-    EXPECT_EQ(ThrownText([&] { LoadBytes(bytes, [](CArchive& archive) { ReadTerminatedTextField(archive, 3); }); }),
+    EXPECT_EQ(ThrownText([] {
+                  LoadBytes(Hex("41 00 42 00 43 00 44 00 45 00 00 00"),
+                            [](CArchive& archive) { ReadTerminatedTextField(archive, 3); });
+              }),
               u"Načítaný řetězec není ukončen nulou, Line 625, \n_Spolecny\\CQvxFunkce");
 }
 

@@ -38,13 +38,9 @@ TEST(InputChecks, AcceptWhatTheirKindAllowsAndRefuseTheRest) {
         for (const wchar_t* text : accepted) EXPECT_TRUE(check(text)) << kind << ": " << text;
         for (const wchar_t* text : refused) EXPECT_FALSE(check(text)) << kind << ": " << text;
     }
-}
-
-TEST(InputChecks, CommaBecomesPointAndNothingElseChanges) {
-    EXPECT_EQ(CommaToPoint(L','), L'.');
-    EXPECT_EQ(CommaToPoint(L'.'), L'.');
-    EXPECT_EQ(CommaToPoint(L'5'), L'5');
-    EXPECT_EQ(CommaToPoint(L';'), L';');
+    for (const auto& [typed, kept] : {std::pair{L',', L'.'}, {L'.', L'.'}, {L'5', L'5'}, {L';', L';'}}) {
+        EXPECT_EQ(CommaToPoint(typed), kept);
+    }
 }
 
 }  // namespace
