@@ -132,13 +132,12 @@ TEST_F(ExchangeRecord, TakesEveryField) {
     EXPECT_EQ(material.Medium(), kMediumWater | kMediumGas);
     EXPECT_EQ(material.Roughness(), 0.01f);
     EXPECT_EQ(material.FindProfile(11)->Label(), u"PE110mm");  // labels follow the new rules
-}
 
-TEST_F(ExchangeRecord, RoughnessOfMinusThousandComesFromTheText) {
+    // A roughness of -1000 means "take it from the text".
     for (const auto& [text, roughness] : {std::pair{u" 0.25 mm", 0.25f}, std::pair{u"drsnost", 0.0f}}) {
-        EditMaterial(material, [text = text](MaterialExchangeRecord& record) {
-            record.roughness = MaterialExchangeRecord::kRoughnessFromText;
-            record.roughnessText = text;
+        EditMaterial(material, [text = text](MaterialExchangeRecord& changed) {
+            changed.roughness = MaterialExchangeRecord::kRoughnessFromText;
+            changed.roughnessText = text;
         });
         EXPECT_EQ(material.Roughness(), roughness);
     }
@@ -180,7 +179,7 @@ TEST_F(ExchangeRecord, MissingPnOrSdrThrowsAfterTakingTheFieldsBeforeIt) {
 
 using MaterialComparison = MaterialFixture;
 
-TEST_F(MaterialComparison, IsEqualUsesNamesAndProfilesWithinTolerances) {
+TEST_F(MaterialComparison, IsEqualUsesExactNamesAndProfilesWithinTolerances) {
     material.AddProfile(11)->SetDimensions(100.0f, 5.0f);
     CQvxMaterial other(&list, material);
     EXPECT_TRUE(material.IsEqual(other));
@@ -211,11 +210,10 @@ TEST_F(MaterialComparison, IsEqualUsesNamesAndProfilesWithinTolerances) {
     theirs->SetUrsMaterialCode(u"");
     other.AddProfile(12);
     EXPECT_FALSE(material.IsEqual(other));
-}
 
-TEST_F(MaterialComparison, NamesCompareExactly) {
+    // Names compare exactly.
     CQvxMaterial maker(&list, material);
-    EditMaterial(maker, [](MaterialExchangeRecord& record) { record.manufacturer = u"Pipelife"; });
+    EditMaterial(maker, [](MaterialExchangeRecord& record) { record.manufacturer = u"Jiný výrobce"; });
     EXPECT_FALSE(material.IsEqual(maker));
     CQvxMaterial displayName(&list, material);
     EditMaterial(displayName, [](MaterialExchangeRecord& record) { record.displayName = u"pe"; });

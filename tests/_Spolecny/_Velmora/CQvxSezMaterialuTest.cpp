@@ -162,62 +162,47 @@ TEST_F(CatalogueMerge, DifferenceOnlyInRoughnessOrMasksIsKeptSilently) {
     EXPECT_EQ(MaterialNamed(list, u"PE").Roughness(), 2.5f);
 }
 
-TEST_F(CatalogueMerge, NoStillAddsTheMissingProfiles) {
+// "Ano" takes the file's fields and keeps the existing profiles, "Ne" keeps the fields; both add the
+// missing profiles, and only an overwrite offers to save.
+TEST_F(CatalogueMerge, AnswersDecideTheFieldsAndMissingProfilesAreAlwaysAdded) {
     ReadFileThenChange([](CQvxMaterial& material) {
-        material.DeleteAllProfiles();
+        material.FindProfile(material.Profiles().begin()->first)->SetWall(1.0f);
         material.AddProfile(20);
         SetRoughness(material, 1.5);
     });
-    messages.overwriteAnswers = {TaskDialogButtons::kNo, TaskDialogButtons::kNo};
+    CQvxMaterial& pe = *list.Find(u"PE");
+    messages.overwriteAnswers = {TaskDialogButtons::kYes, TaskDialogButtons::kNo};
     ReadCatalogue(list, WriteCatalogue(file));
 
     EXPECT_EQ(messages.CountOf(u"Tento materiál již existuje, přepsat standardním?"), 2u);
     EXPECT_EQ(messages.shown[0].content, u"PE");
-    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
-    EXPECT_EQ(pe.Profiles().size(), 3u);  // 20 kept, 10 and 11 added
-    EXPECT_EQ(ProfileAt(pe, 11).InnerDiameter(), 90.0f);
-    EXPECT_EQ(pe.Roughness(), 1.5f);
-    EXPECT_TRUE(list.IsUnchanged());
-    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 0u);
-}
-
-TEST_F(CatalogueMerge, YesOverwritesTheFieldsAndOffersToSave) {
-    ReadFileThenChange([](CQvxMaterial& material) {
-        SetRoughness(material, 1.5);
-        material.FindProfile(material.Profiles().begin()->first)->SetWall(1.0f);
-    });
-    CQvxMaterial& pe = *list.Find(u"PE");
-    messages.overwriteAnswers = {TaskDialogButtons::kYes, TaskDialogButtons::kNo};
-    messages.saveAnswers = {false};
-    ReadCatalogue(list, WriteCatalogue(file));
-
-    EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // taken over
+    EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // "Ano"
     EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                          // existing profile kept
-    EXPECT_EQ(MaterialNamed(list, u"PVC").Roughness(), 1.5f);           // "Ne"
+    EXPECT_EQ(pe.Profiles().size(), 3u);                                 // 20 kept, 11 added
+    const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
+    EXPECT_EQ(pvc.Roughness(), 1.5f);  // "Ne"
+    EXPECT_EQ(pvc.Profiles().size(), 2u);
     ASSERT_EQ(messages.shown.size(), 3u);
     EXPECT_EQ(messages.shown[2].caption, u"Uložit materiály?");
     EXPECT_EQ(messages.shown[2].text, u"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
+    EXPECT_TRUE(list.IsUnchanged());  // not saved: the save question was not answered
 }
 
-TEST_F(CatalogueMerge, AnswerForAllHoldsForTheRestOfOneReadOnly) {
+// "Ano všem" and "Ne všem" hold for the rest of one read only; an unshown question counts as "Ne".
+TEST_F(CatalogueMerge, AnswersForAllHoldForOneReadAndAnUnshownQuestionIsNo) {
     ReadFileThenChange([](CQvxMaterial& material) { material.AddProfile(27); });
     messages.overwriteAnswers = {TaskDialogButtons::kYesToAll, TaskDialogButtons::kNoToAll};
     const Bytes bytes = WriteCatalogue(file);
-
+    const auto expectAsked = [&](std::size_t overwrite, std::size_t save) {
+        EXPECT_EQ(messages.CountOf(Questions::kOverwrite), overwrite);
+        EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), save);
+    };
     ReadCatalogue(list, bytes);
-    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 1u);
-    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 1u);  // "Ano všem" overwrote
-
+    expectAsked(1, 1);  // "Ano všem" overwrote
     ReadCatalogue(list, bytes);
-    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 2u);
-    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 1u);  // "Ne všem" overwrote nothing
-}
-
-TEST_F(CatalogueMerge, UnshownQuestionCountsAsNoAndAsksAgain) {
-    ReadFileThenChange([](CQvxMaterial& material) { material.AddProfile(27); });
-    ReadCatalogue(list, WriteCatalogue(file));  // nothing scripted: every question answers 0
-    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 2u);
-    EXPECT_EQ(messages.CountOf(Questions::kSaveUpdated), 0u);
+    expectAsked(2, 1);  // "Ne všem" overwrote nothing
+    ReadCatalogue(list, bytes);
+    expectAsked(4, 1);  // nothing scripted: asked for each, overwrote nothing
 }
 
 TEST_F(CatalogueMerge, ProjectStreamsKeepMaterialsThatCoverTheIncomingOnes) {

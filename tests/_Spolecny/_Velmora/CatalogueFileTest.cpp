@@ -46,12 +46,9 @@ TEST(CatalogueWriting, WorkedExampleIsWrittenByteForByte) {
     pe.AddProfile(11)->SetDimensions(90.0f, 10.0f);
 
     EXPECT_EQ(WriteCatalogue(list), Hex(kWorkedExample));
-}
-
-TEST(CatalogueWriting, EmptyListIsVersionAndEndMarkerOnly) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(WriteCatalogue(list), Hex("03 FF"));
-    EXPECT_EQ(WriteCatalogue(list, true), Hex("03 FF"));
+    CQvxSezMaterialu empty;
+    EXPECT_EQ(WriteCatalogue(empty), Hex("03 FF"));  // version and end marker only
+    EXPECT_EQ(WriteCatalogue(empty, true), Hex("03 FF"));
 }
 
 TEST(CatalogueWriting, FourCharacterPrefixIsSavedWithThree) {
@@ -190,7 +187,7 @@ TEST(CatalogueReading, MaterialVersion6WithDisplayNameAndProfileVersion5) {
     EXPECT_EQ(profile.Label(), u"DN 80");
 }
 
-TEST(CatalogueRefusal, NewerVersionAtEachLevelWithItsSourceAndLine) {
+TEST(CatalogueRefusal, NewerVersionAtEachLevelAndADnTwiceWithTheirSourceAndLine) {
     CQvxSezMaterialu list;
     EXPECT_EQ(ThrownText([&] { ReadCatalogue(list, Hex("04 FF")); }),
               NewerVersionError(257, u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
@@ -205,12 +202,9 @@ TEST(CatalogueRefusal, NewerVersionAtEachLevelWithItsSourceAndLine) {
     EXPECT_EQ(ThrownText([&] { ReadCatalogue(other, Hex(std::string("03 ") + kPeHeader + "08")); }),
               NewerVersionError(447, u"_Spolecny\\_Velmora\\CQvxMaterial"));
     EXPECT_EQ(other.Count(), 0u);
-}
 
-TEST(CatalogueRefusal, OneDnTwiceInAMaterial) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ThrownText([&] { ReadCatalogue(list, Hex(std::string("03 ") + kPeHeader + kPeProfile + kPeProfile)); }),
-              MaterialError(u"Nelze vložit nový profil", 411));
+    EXPECT_EQ(ThrownText([&] { ReadCatalogue(other, Hex(std::string("03 ") + kPeHeader + kPeProfile + kPeProfile)); }),
+              MaterialError(u"Nelze vložit nový profil", 411));  // one DN twice in a material
 }
 
 TEST(CatalogueRefusal, EveryTruncationEndsInTheArchiveException) {

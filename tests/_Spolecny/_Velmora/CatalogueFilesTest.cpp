@@ -103,13 +103,11 @@ TEST_F(CatalogueFiles, NewerVersionIsReportedAndTheStandardCatalogueIsNotTried) 
     EXPECT_EQ(list.Count(), 0u);
 }
 
-TEST_F(CatalogueFiles, MalformedCatalogueReachesTheCaller) {
+TEST_F(CatalogueFiles, MalformedCatalogueReachesTheCallerAndAMissingFolderValueIsTold) {
     WriteFile(UserFile(), Hex("03 05 01"));
     EXPECT_THROW(list.LoadCatalogue(false), CArchiveException);
     EXPECT_TRUE(messages.shown.empty());
-}
 
-TEST_F(CatalogueFiles, MissingRegistryValueIsReportedWithItsText) {
     FakeRegistryValues empty;
     CRegistryValuesScope installed(empty);
     EXPECT_FALSE(list.LoadCatalogue(false));
@@ -117,14 +115,13 @@ TEST_F(CatalogueFiles, MissingRegistryValueIsReportedWithItsText) {
     EXPECT_EQ(messages.shown[0].text, MissingRegistryValueError());
 }
 
-TEST_F(CatalogueFiles, EmptyListIsNeverWritten) {
+TEST_F(CatalogueFiles, EmptyListIsNeverWrittenAndASaveThatCannotOpenItsFileKeepsTheListChanged) {
     WriteFile(UserFile(), standardBytes);
     EXPECT_TRUE(list.SaveCatalogue());
     EXPECT_EQ(FileBytes(UserFile()), standardBytes);
     EXPECT_TRUE(messages.shown.empty());
-}
 
-TEST_F(CatalogueFiles, SaveThatCannotOpenItsFileKeepsTheListChanged) {
+    fs::remove(UserFile());
     fs::create_directories(UserFile());  // a folder where the file should be
     list.AssignFrom(standardList);
     list.MarkChanged();
