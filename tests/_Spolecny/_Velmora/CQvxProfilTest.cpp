@@ -97,29 +97,22 @@ TEST_F(ProfileLabels, DnLabelOfAProfileWithoutIndexThrows) {
 
 using ProfileRecord = MaterialFixture;
 
-TEST_F(ProfileRecord, SetDnRefusesTheCurrentAndAnOccupiedIndex) {
-    CQvxProfil* dn100 = material.AddProfile(11);
-    material.AddProfile(12);
-    EXPECT_FALSE(dn100->SetDN(11, true));
-    EXPECT_FALSE(dn100->SetDN(12, true));
-    EXPECT_FALSE(dn100->SetDN(28, true));
-    EXPECT_FALSE(dn100->SetDN(-1, true));
-    EXPECT_EQ(dn100->DnIndex(), 11);
-    EXPECT_EQ(material.FindProfile(11), dn100);
-}
-
-TEST_F(ProfileRecord, SetDnMovesTheProfileToItsNewKey) {
+TEST_F(ProfileRecord, SetDnMovesTheProfileToAFreeKeyOnly) {
     Describe(DescriptionMode::Dn);
     CQvxProfil* profile = material.AddProfile(11);
+    material.AddProfile(12);
+    for (const int refused : {11, 12, 28, -1}) EXPECT_FALSE(profile->SetDN(refused, true)) << refused;
+    EXPECT_EQ(profile->DnIndex(), 11);
+    EXPECT_EQ(material.FindProfile(11), profile);
+
     ASSERT_TRUE(profile->SetDN(13, false));
     EXPECT_EQ(material.FindProfile(11), nullptr);
     EXPECT_EQ(material.FindProfile(13), profile);
     EXPECT_FLOAT_EQ(profile->InnerDiameter(), 100.0f);  // kept: not taken from the table
     EXPECT_EQ(profile->Label(), u"DN 150");
-
     ASSERT_TRUE(profile->SetDN(15, true));
     EXPECT_FLOAT_EQ(profile->InnerDiameter(), 225.0f);
-    EXPECT_EQ(material.Profiles().size(), 1u);
+    EXPECT_EQ(material.Profiles().size(), 2u);
 }
 
 TEST_F(ProfileRecord, MaterialCodeHoldsNineCharacters) {
@@ -131,7 +124,7 @@ TEST_F(ProfileRecord, MaterialCodeHoldsNineCharacters) {
     EXPECT_EQ(profile->UrsMaterialCode(), u"286111111");
 }
 
-TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidth) {
+TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidthAndDestructionClearsSlots) {
     CQvxProfil* source = material.AddProfile(11);
     source->SetDimensions(96.8f, 6.6f);
     source->SetUrsMaterialCode(u"M1");
@@ -151,17 +144,12 @@ TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidth) {
     EXPECT_EQ(copy.Users().Count(), 1u);
     EXPECT_EQ(copy.Label(), u"110x6.6");
     EXPECT_EQ(copy.Owner(), &other);
-    source->Users().Unregister(&slot);  // the slot dies with this test; the source outlives it
-}
-
-TEST_F(ProfileRecord, DestructionClearsRegisteredSlots) {
-    CQvxProfil* first = material.AddProfile(1);
-    CQvxProfil* second = first;
-    first->Users().Register(&first);
-    first->Users().Register(&second);
-    material.DeleteAllProfiles();
-    EXPECT_EQ(first, nullptr);
+    CQvxProfil* second = slot;
+    source->Users().Register(&second);
+    material.DeleteAllProfiles();  // destruction clears every registered slot
+    EXPECT_EQ(slot, nullptr);
     EXPECT_EQ(second, nullptr);
+    copy.Users().Unregister(&slot);  // the copy took the source's users and outlives this test's slots
 }
 
 TEST_F(ProfileRecord, EveryChangeMarksTheCatalogueChanged) {

@@ -179,35 +179,32 @@ TEST(CatalogueCsvRead, HeaderAndFileProblems) {
 }
 
 TEST(CatalogueCsvWrite, RefusesValuesTheSheetsCannotName) {
-    CsvMaterialRecord material = ReadCatalogueCsv(Canonical()).materials[1];
-    const auto refusal = [](const CsvMaterialRecord& record) -> std::string {
-        try {
-            WriteCatalogueCsv({record});
-        } catch (const CatalogueCsvExportError& error) {
-            return error.what();
-        }
-        return "<written>";
+    using Change = void (*)(CsvMaterialRecord&);
+    const struct {
+        Change change;
+        const char* refusal;
+    } cases[] = {
+        {[](CsvMaterialRecord&) {}, "<written>"},
+        {[](CsvMaterialRecord& r) { r.fields.descriptionMode = DescriptionMode(7); },
+         "Materiál „PE100 SDR11“: hodnotu 7 nelze zapsat do sloupce „Způsob popisu“, není v tabulce programu."},
+        {[](CsvMaterialRecord& r) { r.fields.medium = kMediumWater | 64; },
+         "Materiál „PE100 SDR11“: hodnotu 68 nelze zapsat do sloupce „Médium“, není v tabulce programu."},
+        {[](CsvMaterialRecord& r) { r.profiles[0].dnIndex = 28; },
+         "Materiál „PE100 SDR11“: hodnotu 28 nelze zapsat do sloupce „DN“, není v tabulce programu."},
+        {[](CsvMaterialRecord& r) { r.fields.pnIndex = 7; },
+         "Materiál „PE100 SDR11“: hodnotu 7 nelze zapsat do sloupce „Tl. třída“, není v tabulce programu."},
     };
-    EXPECT_EQ(refusal(material), "<written>");
-
-    CsvMaterialRecord oddMode = material;
-    oddMode.fields.descriptionMode = DescriptionMode(7);
-    EXPECT_EQ(refusal(oddMode),
-              "Materiál „PE100 SDR11“: hodnotu 7 nelze zapsat do sloupce „Způsob popisu“, není v tabulce programu.");
-
-    CsvMaterialRecord oddMedium = material;
-    oddMedium.fields.medium = kMediumWater | 64;
-    EXPECT_EQ(refusal(oddMedium),
-              "Materiál „PE100 SDR11“: hodnotu 68 nelze zapsat do sloupce „Médium“, není v tabulce programu.");
-
-    CsvMaterialRecord oddDn = material;
-    oddDn.profiles[0].dnIndex = 28;
-    EXPECT_EQ(refusal(oddDn),
-              "Materiál „PE100 SDR11“: hodnotu 28 nelze zapsat do sloupce „DN“, není v tabulce programu.");
-
-    CsvMaterialRecord oddPn = material;
-    oddPn.fields.pnIndex = 7;
-    EXPECT_NE(refusal(oddPn), "<written>");
+    for (const auto& [change, refusal] : cases) {
+        CsvMaterialRecord material = ReadCatalogueCsv(Canonical()).materials[1];
+        change(material);
+        std::string what = "<written>";
+        try {
+            WriteCatalogueCsv({material});
+        } catch (const CatalogueCsvExportError& error) {
+            what = error.what();
+        }
+        EXPECT_EQ(what, refusal);
+    }
 }
 
 TEST(CatalogueCsvFields, NumbersAreShortestAndExact) {

@@ -225,6 +225,12 @@ TEST_F(ApplyEdit, RefusalsLeaveTheListAsItWas) {
         EXPECT_TRUE(list.IsUnchanged());
     }
     EXPECT_EQ(ApplyRefusalText(ApplyOutcome::Applied), u"");
+
+    MaterialExchangeRecord noClass = FieldsNamed(u"Beton");
+    noClass.pnIndex = -1;  // a drop-down without a choice: the new material's fields are refused
+    EXPECT_NE(ThrownText([&] { ApplyMaterialEdit(list, EditMode::Add, noClass, nullptr); }), u"<nothing thrown>");
+    EXPECT_EQ(list.Find(u"Beton"), nullptr);
+    EXPECT_EQ(list.Count(), 2u);
 }
 
 TEST_F(ApplyEdit, AddAndCopyMakeNewMaterialsCopyTakingTheProfiles) {
@@ -281,14 +287,6 @@ TEST_F(ApplyEdit, HandingBackPointsTheUsersAtTheCallersNewRecords) {
     EXPECT_TRUE(pe.Users().IsEmpty());  // the working copy no longer counts as used
     EXPECT_EQ(callers.Count(), 2u);
     callers.ClearUsage();
-}
-
-TEST_F(ApplyEdit, NewMaterialWhoseFieldsAreRefusedLeavesTheList) {
-    MaterialExchangeRecord noClass = FieldsNamed(u"Beton");
-    noClass.pnIndex = -1;  // a drop-down without a choice
-    EXPECT_NE(ThrownText([&] { ApplyMaterialEdit(list, EditMode::Add, noClass, nullptr); }), u"<nothing thrown>");
-    EXPECT_EQ(list.Find(u"Beton"), nullptr);
-    EXPECT_EQ(list.Count(), 2u);
 }
 
 }  // namespace
