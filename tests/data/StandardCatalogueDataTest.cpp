@@ -7,7 +7,8 @@
 #include "_Velmora/CatalogueCsv.h"
 #include "_Velmora/MaterialTables.h"
 
-// The standard catalogue's source sheets in data/.
+// The standard catalogue's source sheets in data/. That they are in the form the tool writes is
+// checked by the round trip of the catalogue the build makes from them.
 namespace {
 
 std::string ReadDataFile(std::string_view name) {
@@ -30,12 +31,6 @@ protected:
     CatalogueCsvSheets sheets;
     CatalogueCsvContent content;
 };
-
-TEST_F(StandardCatalogueData, IsInTheFormTheToolWrites) {
-    const CatalogueCsvSheets written = WriteCatalogueCsv(content.materials);
-    EXPECT_EQ(written.materials, sheets.materials);
-    EXPECT_EQ(written.profiles, sheets.profiles);
-}
 
 TEST_F(StandardCatalogueData, CoversEveryMediumAndPlacementWithEnoughSizes) {
     std::size_t profiles = 0;

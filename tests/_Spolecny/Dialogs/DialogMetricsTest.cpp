@@ -4,15 +4,10 @@
 
 namespace {
 
-TEST(DialogMetrics, ScaleIsTheDensityOver96AndOneWhenUnknown) {
-    EXPECT_FLOAT_EQ(ScaleFromDpi(96, 96), 1.0f);
-    EXPECT_FLOAT_EQ(ScaleFromDpi(144, 144), 1.5f);
+TEST(DialogMetrics, ScaleIsTheDensityOver96AndTheHeadingFollowsIt) {
     EXPECT_FLOAT_EQ(ScaleFromDpi(120, 120), 1.25f);
-    EXPECT_FLOAT_EQ(ScaleFromDpi(0, 144), 1.0f);
+    EXPECT_FLOAT_EQ(ScaleFromDpi(0, 144), 1.0f);  // unknown
     EXPECT_FLOAT_EQ(ScaleFromDpi(144, 0), 1.0f);
-}
-
-TEST(DialogMetrics, HeadingFollowsTheScale) {
     const struct {
         unsigned dpi;
         int margin;

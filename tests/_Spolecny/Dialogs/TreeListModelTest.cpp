@@ -95,7 +95,12 @@ TEST_F(TreeList, RelationsFollowTheTreeAndWhatIsExpanded) {
     EXPECT_EQ(model.Level(a2), 1);
 }
 
-TEST_F(TreeList, CurrentColumnNeedsCellSelection) {
+TEST_F(TreeList, ExtendedStyleChangesOnlyTheMaskedBitsAndTheCurrentColumnNeedsCellSelection) {
+    EXPECT_EQ(model.SetExtendedStyle(0, 0x400F0000), 0u);
+    EXPECT_EQ(model.SetExtendedStyle(kArrowsLeaveEditor, kArrowsLeaveEditor | kReportColumnChanges), 0x400F0000u);
+    EXPECT_EQ(model.ExtendedStyle(), 0x400F4000u);
+    model.SetExtendedStyle(0, 0);
+
     model.InsertColumn(0, {u"Profil"});
     model.InsertColumn(1, {u"OD"});
     const TreeItem item = Add(u"DN 50");
@@ -138,12 +143,6 @@ TEST_F(TreeList, SortingSurvivesAnInconsistentComparison) {
     model.SortChildren(0, [](std::int64_t, std::int64_t) { return -1; });  // "less" both ways
     EXPECT_EQ(model.Children(0).size(), 7u);
     EXPECT_EQ(model.VisibleItems().size(), 7u);
-}
-
-TEST_F(TreeList, ExtendedStyleChangesOnlyTheMaskedBits) {
-    EXPECT_EQ(model.SetExtendedStyle(0, 0x400F0000), 0u);
-    EXPECT_EQ(model.SetExtendedStyle(kArrowsLeaveEditor, kArrowsLeaveEditor | kReportColumnChanges), 0x400F0000u);
-    EXPECT_EQ(model.ExtendedStyle(), 0x400F4000u);
 }
 
 std::vector<TreeListColumn> Columns(std::initializer_list<std::array<int, 3>> widthMinWeight) {
