@@ -41,6 +41,8 @@ protected:
         AddMaterial(standardList, u"PE 100").AddProfile(11);
         AddMaterial(standardList, u"PVC KG").AddProfile(13);
         standardBytes = WriteCatalogue(standardList);
+        cut.assign(standardBytes.begin(), standardBytes.end() - 3);
+        cutAt = FromUtf8(std::to_string(cut.size() - 1));
     }
 
     fs::path StandardFile() const { return root.Path() / "install" / "Velmora" / "Potrubi_std.qxp"; }
@@ -54,6 +56,9 @@ protected:
     CUserMessagesScope installedMessages{messages};
     CQvxSezMaterialu standardList;
     Bytes standardBytes;
+    // Cut inside the second material: its last field starts at the last byte and runs past the end.
+    Bytes cut;
+    std::u16string cutAt;  // the byte the reading fails at
     CQvxSezMaterialu list;
 };
 
@@ -158,18 +163,9 @@ TEST_F(CatalogueFiles, MergeThatOverwritesSavesOnYes) {
     EXPECT_EQ(MaterialNamed(saved, u"PE 100").Profiles().size(), 2u);
 }
 
-}  // namespace
-
 // At start-up a malformed catalogue is reported with its path and byte, and the editor gets what
 // was read before the fault, unchanged, so the damaged file is not rewritten on its own.
-std::u16string Digits(std::size_t value) {
-    const std::string text = std::to_string(value);
-    return std::u16string(text.begin(), text.end());
-}
-
 TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
-    // Cut inside the second material: its last field starts at the last byte and runs past the end.
-    const Bytes cut(standardBytes.begin(), standardBytes.end() - 3);
     for (const bool usersFile : {true, false}) {
         fs::remove_all(root.Path() / "data" / "Velmora");
         messages.shown.clear();
@@ -183,7 +179,7 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
         EXPECT_EQ(messages.shown.back().caption, u"Neočekávaná výjimka");
         EXPECT_EQ(messages.shown.back().text,
                   u"Soubor katalogu končí předčasně:\n" + damaged.u16string() +
-                      u"\nChyba na bajtu " + Digits(cut.size() - 1) +
+                      u"\nChyba na bajtu " + cutAt +
                       u".\n\nEditor se otevře s materiály načtenými před chybou. Soubor se "
                       u"přepíše, až uložíte změnu.");
         EXPECT_EQ(list.Count(), 1u);
@@ -198,7 +194,6 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
 // A file the user picks is merged into the list; every failure is told, and what was read stays.
 TEST_F(CatalogueFiles, MergingAPickedFileTellsEveryFailure) {
     const fs::path picked = root.Path() / "picked.qxp";
-    const Bytes cut(standardBytes.begin(), standardBytes.end() - 3);
     struct Case {
         const Bytes* bytes;  // none: the file is missing
         bool read;
@@ -208,7 +203,7 @@ TEST_F(CatalogueFiles, MergingAPickedFileTellsEveryFailure) {
     const Case cases[] = {
         {nullptr, false, 1, u"Nelze otevřít soubor" + picked.u16string()},
         {&cut, false, 2,
-         u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " + Digits(cut.size() - 1) +
+         u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " + cutAt +
              u".\n\nMateriály načtené před chybou zůstávají v seznamu."},
         {&standardBytes, true, 3, u""},
     };
@@ -237,3 +232,5 @@ TEST_F(CatalogueFiles, MergingAPickedFileTellsEveryFailure) {
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].text.substr(0, 32), u"Soubor katalogu končí předčasně:");
 }
+
+}  // namespace
