@@ -36,16 +36,6 @@ TEST(CWin32UserMessages, FileErrorBoxHasTheUnexpectedExceptionCaption) {
     EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_ERROR));
 }
 
-TEST(CWin32UserMessages, TaskDialogShowsInstructionAndContent) {
-    CWin32UserMessages messages;
-    TaskDialogWatcher watcher(L"Materiály potrubí", IDOK);
-    messages.ShowTaskDialog(u"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp", u"Bude načten standardní soubor");
-    const TaskDialogWatcher::Seen& seen = watcher.Stop();
-    ASSERT_TRUE(seen.found);
-    EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp"));
-    EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
-}
-
 TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
     CWin32UserMessages messages;
     for (const unsigned bit : {TaskDialogButtons::kYes, TaskDialogButtons::kNo, TaskDialogButtons::kYesToAll,
@@ -63,14 +53,14 @@ TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
 
 TEST(CWin32UserMessages, SaveQuestionIsAYesNoBox) {
     CWin32UserMessages messages;
-    MessageBoxWatcher yes(L"Uložit materiály?", IDYES);
+    MessageBoxWatcher yes(L"Uložit materiály?", {IDYES});
     EXPECT_TRUE(messages.AskSaveUpdated());
     const MessageBoxWatcher::Seen& seen = yes.Stop();
     ASSERT_TRUE(seen.found);
     EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
     EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
 
-    MessageBoxWatcher no(L"Uložit materiály?", IDNO);
+    MessageBoxWatcher no(L"Uložit materiály?", {IDNO});
     EXPECT_FALSE(messages.AskSaveUpdated());
     EXPECT_TRUE(no.Stop().found);
 }
