@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 
 #include "Dialogs/DialogMetrics.h"
 #include "Dialogs/TreeListCtrl.h"
@@ -19,53 +20,57 @@ using namespace material_dialogs;
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 
-// The pixels of `window`'s own painting (not its controls') that are not white.
-int InkedPixels(const gui::ClientPicture& picture, int skipRow = -1) {
-    int inked = 0;
+// Where a window's own painting (not its controls') left ink off the row `skipRow`.
+struct Ink {
+    int pixels = 0;
+    int left = INT_MAX, top = INT_MAX, bottom = -1;
+};
+Ink InkOf(HWND window, int skipRow = -1) {
+    const gui::ClientPicture picture(window);
+    Ink ink;
     for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) inked += y != skipRow && picture.Pixel(x, y) != kWhite;
+        for (int x = 0; x < picture.Width(); ++x) {
+            if (y == skipRow || picture.Pixel(x, y) == kWhite) continue;
+            ++ink.pixels;
+            ink.left = std::min(ink.left, x);
+            ink.top = std::min(ink.top, y);
+            ink.bottom = y;
+        }
     }
-    return inked;
+    return ink;
 }
 
 TEST_F(MaterialEditor, HeadingAndRuleFollowTheScale) {
     Open();
     const gui::ClientPicture picture(editor.Handle());
     const HeadingLayout layout = HeadingLayoutForScale(editor.Scale());
-
     // The rule runs from the margin up to, not including, the width less the margin.
+    const int right = picture.Width() - layout.margin;
     EXPECT_EQ(picture.Pixel(layout.margin, layout.ruleY), kBlack);
-    EXPECT_EQ(picture.Pixel(picture.Width() - layout.margin - 1, layout.ruleY), kBlack);
+    EXPECT_EQ(picture.Pixel(right - 1, layout.ruleY), kBlack);
     EXPECT_EQ(picture.Pixel(layout.margin - 1, layout.ruleY), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() - layout.margin, layout.ruleY), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() / 2, layout.ruleY - 1), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() / 2, layout.ruleY + 1), kWhite);
-
+    EXPECT_EQ(picture.Pixel(right, layout.ruleY), kWhite);
+    EXPECT_EQ(picture.Pixel(right - 1, layout.ruleY - 1), kWhite);  // one pixel thick
     // The text lies between its start and the rule, beginning at the margin.
-    int leftmost = picture.Width();
-    for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) {
-            if (y == layout.ruleY || picture.Pixel(x, y) == kWhite) continue;
-            leftmost = std::min(leftmost, x);
-            EXPECT_GE(y, layout.textY);
-            EXPECT_LT(y, layout.ruleY);
-        }
-    }
-    EXPECT_GT(InkedPixels(picture, layout.ruleY), 50);
-    EXPECT_GE(leftmost, layout.margin);
-    EXPECT_LE(leftmost, layout.margin + 3);
+    const Ink text = InkOf(editor.Handle(), layout.ruleY);
+    EXPECT_GT(text.pixels, 50);
+    EXPECT_GE(text.top, layout.textY);
+    EXPECT_LT(text.bottom, layout.ruleY);
+    EXPECT_GE(text.left, layout.margin);
+    EXPECT_LE(text.left, layout.margin + 3);
 }
 
 TEST_F(MaterialSelection, NoHeadingMeansNoRule) {
     Open(false);
-    EXPECT_EQ(InkedPixels(gui::ClientPicture(dialog.Handle())), 0);
+    EXPECT_EQ(InkOf(dialog.Handle()).pixels, 0);
 }
 
 TEST_F(MaterialEditor, CannotShrinkBelowItsInitialSize) {
     Open();
     const SIZE initial = editor.InitialSize();
     ASSERT_GT(initial.cx, 0);
-    for (const auto& [width, height] : {std::pair{initial.cx / 2, initial.cy / 3}, {initial.cx + 40, initial.cy + 30}}) {
+    for (const auto& [width, height] :
+         {std::pair{initial.cx / 2, initial.cy / 3}, {initial.cx + 40, initial.cy + 30}}) {
         SetWindowPos(editor.Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
         const RECT window = editor.WindowRect();
         EXPECT_EQ(window.right - window.left, std::max(width, initial.cx));
@@ -73,32 +78,24 @@ TEST_F(MaterialEditor, CannotShrinkBelowItsInitialSize) {
     }
 }
 
-// The tooltips are balloons that show also over an inactive dialog; the profile pane's, added once
-// the dialog is open, is attached at once. A second tooltip for a control keeps the first.
-TEST_F(MaterialEditor, TooltipsAreBalloonsAndASecondForAControlKeepsTheFirst) {
+// Hovering shows a control's balloon through the relay, also beside a refusal's balloon; a
+// second tooltip for a control keeps the first. The profile pane's, added once the dialog is
+// open, is attached at once. The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
+TEST_F(MaterialEditor, TooltipsShowOnHoverBesideARefusalAndTheFirstTextStays) {
     Open();
-    const auto shown = [&](int controlId) {
-        wchar_t text[256] = {};
-        TTTOOLINFOW tool{};
-        tool.cbSize = sizeof(tool);
-        tool.hwnd = editor.Handle();
-        tool.uId = reinterpret_cast<UINT_PTR>(editor.Item(controlId));
-        tool.lpszText = text;
-        editor.ToolTips().at(controlId).tooltip.Send(TTM_GETTEXTW, 256, reinterpret_cast<LPARAM>(&tool));
-        return FromWide(text);
-    };
-    EXPECT_EQ(shown(CTreeListCtrl::kControlId), u"Seznam profilů");
-    const CToolTipCtrl& first = editor.ToolTips().at(IDC_MATERIAL_ADD).tooltip;
-    EXPECT_EQ(&editor.AddToolTip(IDC_MATERIAL_ADD, u"Jiný text"), &first);
-    EXPECT_EQ(shown(IDC_MATERIAL_ADD), u"Přidej materiál");
-    const LONG style = GetWindowLongW(first.Handle(), GWL_STYLE);
-    EXPECT_EQ(style & (TTS_BALLOON | TTS_ALWAYSTIP), TTS_BALLOON | TTS_ALWAYSTIP);
-    EXPECT_EQ(first.Send(TTM_GETMAXTIPWIDTH), 200);
-}
+    wchar_t paneText[64] = {};
+    TTTOOLINFOW pane{};
+    pane.cbSize = sizeof(pane);
+    pane.hwnd = editor.Handle();
+    pane.uId = reinterpret_cast<UINT_PTR>(editor.ProfilePane().Handle());
+    pane.lpszText = paneText;
+    editor.ToolTips().at(CTreeListCtrl::kControlId).tooltip.Send(TTM_GETTEXTW, 64, reinterpret_cast<LPARAM>(&pane));
+    EXPECT_STREQ(paneText, L"Seznam profilů");
+    const CToolTipCtrl& apply = editor.ToolTips().at(IDC_MATERIAL_APPLY).tooltip;
+    EXPECT_EQ(&editor.AddToolTip(IDC_MATERIAL_APPLY, u"Jiný text"), &apply);
+    EXPECT_EQ(GetWindowLongW(apply.Handle(), GWL_STYLE) & TTS_ALWAYSTIP, TTS_ALWAYSTIP);
+    EXPECT_EQ(apply.Send(TTM_GETMAXTIPWIDTH), 200);
 
-// The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
-TEST_F(MaterialEditor, HoveringAControlShowsItsTooltipThroughTheRelayBesideARefusal) {
-    Open();
     SetWindowPos(editor.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     Click(IDC_MATERIAL_ADD);
     const RECT button = CWindow(Control(IDC_MATERIAL_APPLY)).WindowRect();
@@ -107,7 +104,6 @@ TEST_F(MaterialEditor, HoveringAControlShowsItsTooltipThroughTheRelayBesideARefu
                  MAKELPARAM((button.right - button.left) / 2, (button.bottom - button.top) / 2));
     gui::Pump(editor, 1200);
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Uložit provedené změny");
-
     gui::Type(Control(IDC_NAME), u"123456789012345678901");
     gui::Pump(editor, 300);
     EXPECT_EQ(gui::VisibleBalloons().size(), 2u);  // the refusal's and the tooltip
@@ -128,12 +124,11 @@ TEST_F(MaterialEditor, IconAndFonts) {
     EXPECT_STREQ(bold.lfFaceName, L"Arial");
     EXPECT_EQ(bold.lfWeight, FW_BOLD);
     const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    if (dpi == 96) {
+    if (GetDeviceCaps(screen, LOGPIXELSY) == 96) {
         EXPECT_EQ(base.lfHeight, -17);
         EXPECT_EQ(bold.lfHeight, -12);
     }
+    ReleaseDC(nullptr, screen);
     // The list headings use the bold font.
     EXPECT_EQ(reinterpret_cast<HFONT>(SendDlgItemMessageW(editor.Handle(), IDC_MATERIALS_HEADING, WM_GETFONT, 0, 0)),
               editor.BoldFont());

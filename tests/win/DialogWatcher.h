@@ -16,7 +16,10 @@ class DialogWatcher {
 public:
     DialogWatcher(std::wstring title, std::function<void(HWND)> answer, HWND ignored = nullptr,
                   std::function<bool(HWND)> accepts = nullptr, int count = 1)
-        : title_(std::move(title)), answer_(std::move(answer)), ignored_(ignored), accepts_(std::move(accepts)),
+        : title_(std::move(title)),
+          answer_(std::move(answer)),
+          ignored_(ignored),
+          accepts_(std::move(accepts)),
           count_(count) {
         thread_ = std::thread([this] { Watch(); });
     }

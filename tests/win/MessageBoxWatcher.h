@@ -25,7 +25,8 @@ public:
               [this](HWND box) {
                   wchar_t text[1024] = {};
                   GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
-                  seen_.push_back({true, text, reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0)),
+                  seen_.push_back({true, text,
+                                   reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0)),
                                    GetWindow(box, GW_OWNER)});
                   PostMessageW(box, WM_COMMAND, answers_[seen_.size() - 1], 0);
               },

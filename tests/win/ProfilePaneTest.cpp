@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "Dialogs/CCheckedEdit.h"
@@ -29,20 +30,30 @@ protected:
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
+    std::vector<HTREEITEM> Rows() const {
+        std::vector<HTREEITEM> rows;
+        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row; row = Pane().GetNextItem(row, TVGN_NEXT)) {
+            rows.push_back(row);
+        }
+        return rows;
+    }
+    int DnOf(HTREEITEM row) const { return reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(); }
     HTREEITEM RowOf(int dnIndex) const {
-        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row != nullptr;
-             row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            if (reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex() == dnIndex) return row;
+        for (const HTREEITEM row : Rows()) {
+            if (DnOf(row) == dnIndex) return row;
         }
         return nullptr;
     }
     std::vector<int> RowDns() const {
         std::vector<int> dns;
-        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row != nullptr;
-             row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            dns.push_back(reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex());
-        }
+        for (const HTREEITEM row : Rows()) dns.push_back(DnOf(row));
         return dns;
+    }
+    // Selects the first material row anew, as a click on it does.
+    void ReselectFirstMaterial() {
+        editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
+        editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+        gui::Pump(editor);
     }
     void SelectProfile(int dnIndex) {
         Pane().SelectCell(RowOf(dnIndex), 0);
@@ -80,21 +91,15 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
 
     // Selecting the row again refills the pane before the old rows could be drawn.
     pe.GenerateSeries(0, kDnCount - 1);
-    editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
-    editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
-    gui::Pump(editor);
+    ReselectFirstMaterial();
     ASSERT_EQ(RowDns().size(), 28u);
-    {
-        MessageBoxWatcher boxes(kCaption, {IDOK}, editor.Handle());
-        Click(IDC_PROFILE_ADD);  // from the first row
-        EXPECT_EQ(boxes.Texts(), (std::vector<std::wstring>{L"Nelze přidat již další DN !!"}));
-    }
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
     SelectProfile(20);
     {
         MessageBoxWatcher boxes(kCaption, {IDYES, IDOK}, editor.Handle());
         Click(IDC_PROFILE_ADD);
         EXPECT_EQ(boxes.Texts(), (std::vector<std::wstring>{L"Nelze přidat již další DN, přidat od začátku?",
-                                                           L"Nelze přidat již další DN !!"}));
+                                                            L"Nelze přidat již další DN !!"}));
     }
     EXPECT_EQ(pe.Profiles().size(), 28u);
 }
@@ -194,13 +199,10 @@ TEST_F(ProfilePaneEditor, PaintsGridLinesAndTheCurrentCell) {
     int wallLeft = 0;
     int wallRight = 0;
     for (int column = 0; column <= kWallColumn; ++column) {
-        TVCOLUMNW width{};
-        width.mask = TVCF_WIDTH;
+        TVCOLUMNW width{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
         Pane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&width));
-        wallLeft = wallRight;
-        wallRight += width.cx;
+        wallLeft = std::exchange(wallRight, wallRight + width.cx);
     }
-
     const gui::ClientPicture picture(Pane().Handle());
     const int middle = (row.top + row.bottom) / 2;
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
@@ -208,7 +210,7 @@ TEST_F(ProfilePaneEditor, PaintsGridLinesAndTheCurrentCell) {
     EXPECT_EQ(picture.Pixel(wallRight - 3, row.top + 1), face);
     EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
     EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
-    EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);  // the neighbour is not selected
+    EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
 }
 
 TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
@@ -261,14 +263,11 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection
 
     CQvxProfil* user = nullptr;
     pe.FindProfile(kDn80)->Users().Register(&user);
-    MessageBoxWatcher used(kCaption, {IDOK}, editor.Handle());
-    Click(IDC_PROFILE_DELETE);
-    EXPECT_EQ(used.Texts(), (std::vector<std::wstring>{L"Profil je používán, nelze jej vymazat"}));
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE).text, L"Profil je používán, nelze jej vymazat");
     pe.FindProfile(kDn80)->Users().Clear();
 
-    MessageBoxWatcher question(kCaption, {IDYES}, editor.Handle());
-    Click(IDC_PROFILE_DELETE_ALL);
-    EXPECT_EQ(question.Texts(), (std::vector<std::wstring>{L"Opravdu vymazat všechny profily?\ntento krok je nevratný"}));
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE_ALL, IDYES).text,
+              L"Opravdu vymazat všechny profily?\ntento krok je nevratný");
     EXPECT_TRUE(pe.Profiles().empty());
     EXPECT_EQ(Pane().GetCount(), 0);
 }
@@ -279,14 +278,9 @@ TEST_F(ProfilePaneEditor, OtherShapesShowHeightAndWidth) {
     // The working copy does not take the shape over from the caller's list: set it there.
     EditMaterial(*editor.WorkingList().Find(u"Kolektor"),
                  [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
-    editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
-    editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
-    gui::Pump(editor);
-    TVCOLUMNW column{};
+    ReselectFirstMaterial();
     wchar_t title[32] = {};
-    column.mask = TVCF_TEXT;
-    column.pszText = title;
-    column.cchTextMax = 32;
+    TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 32, 0, 0};
     Pane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
     EXPECT_STREQ(title, L"Výška");
     TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
@@ -294,28 +288,24 @@ TEST_F(ProfilePaneEditor, OtherShapesShowHeightAndWidth) {
     gui::SaveScreenshot(L"profiles-rectangle");
 }
 
-TEST(DnRange, ChoosesAnOrderedRange) {
-    CQxDlgGetDN dialog(nullptr);
+using DnRange = OpenDialog<CQxDlgGetDN>;
+
+TEST_F(DnRange, ChoosesAnOrderedRange) {
     dialog.fromIndex = 0;
     dialog.toIndex = kDnCount - 1;
-    ASSERT_TRUE(dialog.Create());
-    gui::Pump(dialog);
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_FROM)), u"DN 8");
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_TO)), u"DN 1200");
+    Show();
+    EXPECT_EQ(Text(IDC_DN_FROM), u"DN 8");
+    EXPECT_EQ(Text(IDC_DN_TO), u"DN 1200");
 
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_FROM, CB_SETCURSEL, kDn100, 0);
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_TO, CB_SETCURSEL, kDn80, 0);
-    MessageBoxWatcher refusal(kCaption, {IDOK}, dialog.Handle());
-    gui::Click(dialog.Item(IDOK));
-    gui::Pump(dialog);
-    EXPECT_EQ(refusal.Texts(), (std::vector<std::wstring>{L"DN 'od' musí být menší nebo rovno DN 'do'"}));
+    EXPECT_EQ(ClickAnswering(IDOK).text, L"DN 'od' musí být menší nebo rovno DN 'do'");
     EXPECT_FALSE(dialog.HasEnded());
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_FROM)), u"DN 100");
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_TO)), u"DN 80");
+    EXPECT_EQ(Text(IDC_DN_FROM), u"DN 100");
+    EXPECT_EQ(Text(IDC_DN_TO), u"DN 80");
 
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_TO, CB_SETCURSEL, kDn100, 0);  // one DN is a range
-    gui::Click(dialog.Item(IDOK));
-    gui::Pump(dialog);
+    Click(IDOK);
     EXPECT_TRUE(dialog.HasEnded());
     EXPECT_EQ(dialog.fromIndex, kDn100);
     EXPECT_EQ(dialog.toIndex, kDn100);
