@@ -1,165 +1,120 @@
+// The material editor's checked fields under Wine: what typing, pasting and leaving do to them.
+
 #include "Dialogs/CCheckedEdit.h"
 
 #include <gtest/gtest.h>
 
-#include "win/DemoDialog.h"
-#include "win/GuiHarness.h"
+#include "win/MaterialEditorHarness.h"
 #include "win/RefusalBeeps.h"
 
 namespace {
+
+using namespace material_dialogs;
 
 constexpr COLORREF kYellow = RGB(255, 255, 160);
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 
-class CheckedEdit : public ::testing::Test {
+// A new material being added: every field is open.
+class CheckedFields : public MaterialEditor {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dialog.Create());
-        dialog.Show(SW_SHOW);
-        gui::Pump(dialog);
-        dialog.changes.clear();  // the exchange's writes while opening
-        dialog.killFocus.clear();
+        AddMaterial(catalogue, u"PE");
+        Open();
+        Click(IDC_MATERIAL_ADD);
     }
-    void TearDown() override { dialog.DestroyWindow(); }
-
-    HWND Field(int id) const { return dialog.Item(id); }
-    bool ShowsInvalid(int id) const {
-        const gui::EditColours colours = gui::ReadEditColours(dialog.Handle(), Field(id));
-        return colours.background == kYellow && colours.text == kRed && colours.brush == kYellow;
-    }
+    // Valid: white with the window text colour; invalid: yellow with red text.
     bool ShowsValid(int id) const {
-        const gui::EditColours colours = gui::ReadEditColours(dialog.Handle(), Field(id));
-        return colours.background == kWhite && colours.text == GetSysColor(COLOR_WINDOWTEXT) && colours.brush == kWhite;
+        const gui::EditColours colours = gui::ReadEditColours(editor.Handle(), Control(id));
+        if (colours.background == kYellow && colours.text == kRed && colours.brush == kYellow) return false;
+        EXPECT_EQ(colours.background, kWhite) << id;
+        EXPECT_EQ(colours.text, GetSysColor(COLOR_WINDOWTEXT)) << id;
+        EXPECT_EQ(colours.brush, kWhite) << id;
+        return true;
+    }
+    void Retype(int id, std::u16string_view text) {
+        gui::SetText(Control(id), u"");
+        gui::Type(Control(id), text);
     }
 
     RefusalBeeps beeps;
-    DemoDialog dialog;
 };
 
-TEST_F(CheckedEdit, LoneMinusIsTypedButInvalidAndUnreportedUntilADigitFollows) {
-    gui::Type(Field(IDC_WHOLE), u"-");
-    EXPECT_EQ(gui::Text(Field(IDC_WHOLE)), u"-");
-    EXPECT_EQ(beeps.Heard(), 0);
-    EXPECT_FALSE(dialog.whole.IsValid());
-    EXPECT_TRUE(ShowsInvalid(IDC_WHOLE));
-    EXPECT_TRUE(dialog.changes.empty());  // only valid changes reach the parent
+TEST_F(CheckedFields, RoughnessTakesACommaAsAPointAndColoursWhatIsNoValueInItsRange) {
+    Retype(IDC_ROUGHNESS, u"0,5");
+    EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.5");
+    EXPECT_TRUE(ShowsValid(IDC_ROUGHNESS));
+    gui::Type(Control(IDC_ROUGHNESS), u",");  // a second separator
+    EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.5");
+    EXPECT_EQ(beeps.Heard(), 1);
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Hydraulická drsnost potrubí [mm]\nod 0.01 do 3.0");
 
-    gui::Type(Field(IDC_WHOLE), u"7");
-    EXPECT_EQ(dialog.changes, std::vector<int>{IDC_WHOLE});
-    EXPECT_TRUE(dialog.whole.IsValid());
-    EXPECT_TRUE(ShowsValid(IDC_WHOLE));
-    EXPECT_EQ(dialog.whole.CurrentText(), u"-7");
+    // Texts that may still become a number are typed, and only coloured.
+    const std::pair<const char16_t*, bool> typed[] = {{u"-", false}, {u"1.", false}, {u".5", true}, {u"3.5", false}};
+    for (const auto& [text, valid] : typed) {
+        Retype(IDC_ROUGHNESS, text);
+        EXPECT_EQ(Text(IDC_ROUGHNESS), text);
+        EXPECT_EQ(ShowsValid(IDC_ROUGHNESS), valid) << Wide(std::u16string(text));
+    }
+    EXPECT_EQ(beeps.Heard(), 1);
+    // Pasted, blanks count as nothing and trailing ones are not judged.
+    gui::SetText(Control(IDC_ROUGHNESS), u"   ");
+    EXPECT_FALSE(ShowsValid(IDC_ROUGHNESS));
+    gui::SetText(Control(IDC_ROUGHNESS), u"2.5  ");
+    EXPECT_TRUE(ShowsValid(IDC_ROUGHNESS));
 
-    gui::Type(Field(IDC_WHOLE), u"x-");
-    EXPECT_EQ(gui::Text(Field(IDC_WHOLE)), u"-7");
-    EXPECT_EQ(beeps.Heard(), 2);
+    // A disabled field is white whatever its text, its colours left as they were.
+    Click(IDC_MATERIAL_REVERT);
+    gui::SetText(Control(IDC_ROUGHNESS), u"x");
+    const gui::EditColours colours = gui::ReadEditColours(editor.Handle(), Control(IDC_ROUGHNESS));
+    EXPECT_EQ(colours.brush, kWhite);
+    EXPECT_EQ(colours.background, RGB(1, 2, 3));
 }
 
-TEST_F(CheckedEdit, DecimalCommaBecomesAPointAndATrailingPointIsInvalid) {
-    gui::Type(Field(IDC_DECIMAL), u"1,5");
-    EXPECT_EQ(gui::Text(Field(IDC_DECIMAL)), u"1.5");
-    EXPECT_TRUE(ShowsValid(IDC_DECIMAL));
-    gui::Type(Field(IDC_DECIMAL), u",");  // a second separator
-    EXPECT_EQ(gui::Text(Field(IDC_DECIMAL)), u"1.5");
-    EXPECT_EQ(beeps.Heard(), 1);
-
-    gui::SetText(Field(IDC_DECIMAL), u"");
-    gui::Type(Field(IDC_DECIMAL), u"1.");
-    EXPECT_EQ(gui::Text(Field(IDC_DECIMAL)), u"1.");
-    EXPECT_EQ(beeps.Heard(), 1);
-    EXPECT_TRUE(ShowsInvalid(IDC_DECIMAL));
-
-    gui::SetText(Field(IDC_DECIMAL), u"");
-    gui::Type(Field(IDC_DECIMAL), u".5");
-    EXPECT_TRUE(ShowsValid(IDC_DECIMAL));
-}
-
-TEST_F(CheckedEdit, FullFieldRefusesTheNextCharacterWithBeepAndBalloon) {
-    const HWND name = Field(IDC_DEMO_NAME);
-    SetFocus(name);
+TEST_F(CheckedFields, FullFieldRefusesTheNextCharacterWithBeepAndBalloonAtTheField) {
+    const HWND name = Control(IDC_NAME);
     gui::Type(name, u"Trubka PE-HD 110x6,6");  // 20 characters
     EXPECT_EQ(beeps.Heard(), 0);
     EXPECT_FALSE(gui::FindVisibleBalloon().visible);
 
     gui::Type(name, u"X");
-    EXPECT_EQ(gui::Text(name), u"Trubka PE-HD 110x6,6");
+    EXPECT_EQ(Text(IDC_NAME), u"Trubka PE-HD 110x6,6");
     EXPECT_EQ(beeps.Heard(), 1);
     const gui::Balloon balloon = gui::FindVisibleBalloon();
-    ASSERT_TRUE(balloon.visible);
-    EXPECT_EQ(balloon.text, u"Název může mít nejvýše 20 znaků");
-    const RECT field = dialog.name.WindowRect();
+    EXPECT_EQ(balloon.text, u"Maximální délka je omezena na 20 znaků");
+    RECT field{};
+    GetWindowRect(name, &field);
     EXPECT_GE(balloon.rect.bottom, field.top);  // shown at the field, not somewhere on the screen
     EXPECT_LE(balloon.rect.top, field.bottom + 60);
 
     // Typing over a selection in a full field is refused too; control characters pass.
     SendMessageW(name, EM_SETSEL, 0, -1);
     gui::Type(name, u"Y");
-    EXPECT_EQ(gui::Text(name), u"Trubka PE-HD 110x6,6");
     EXPECT_EQ(beeps.Heard(), 2);
     gui::Type(name, u"\b");
-    EXPECT_EQ(gui::Text(name), u"");
+    EXPECT_EQ(Text(IDC_NAME), u"");
     EXPECT_EQ(beeps.Heard(), 2);
     EXPECT_FALSE(gui::FindVisibleBalloon().visible);  // the next key hides the balloon
+
+    gui::Type(Control(IDC_MANUFACTURER), u"12345678901234567890123456");
+    EXPECT_EQ(Text(IDC_MANUFACTURER), u"1234567890123456789012345");
+    EXPECT_EQ(beeps.Heard(), 3);
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Maximální délka je omezena na 25 znaků");
 }
 
-TEST_F(CheckedEdit, BlankTextCountsAsEmpty) {
-    gui::SetText(Field(IDC_EMAIL), u"   ");
-    EXPECT_TRUE(ShowsInvalid(IDC_EMAIL));
-    EXPECT_EQ(dialog.email.CurrentText(), u"");
-
-    dialog.email.Rules().emptyAllowed = true;
-    dialog.email.CheckWholeText();
-    EXPECT_TRUE(ShowsValid(IDC_EMAIL));
-
-    gui::SetText(Field(IDC_EMAIL), u"jan@firma");
-    EXPECT_TRUE(ShowsInvalid(IDC_EMAIL));
-    gui::SetText(Field(IDC_EMAIL), u"jan@firma.cz  ");
-    EXPECT_TRUE(ShowsValid(IDC_EMAIL));
-}
-
-TEST_F(CheckedEdit, LeavingTrimsSilentlyAndTellsTheParentTheTrimmedText) {
-    const HWND name = Field(IDC_DEMO_NAME);
-    SetFocus(name);
-    gui::Type(name, u"PE 100  ");
-    dialog.killFocus.clear();
-    const std::size_t changesBefore = dialog.changes.size();
-
-    SetFocus(Field(IDC_WHOLE));
-
-    EXPECT_EQ(gui::Text(name), u"PE 100");
-    EXPECT_EQ(dialog.changes.size(), changesBefore);
-    ASSERT_EQ(dialog.killFocus.size(), 1u);
-    EXPECT_EQ(dialog.killFocus[0].edit, name);
-    EXPECT_EQ(dialog.killFocus[0].text, u"PE 100");
-
-    // The guard is down again: the next real change reaches the parent.
-    gui::Type(name, u"!");
-    EXPECT_EQ(dialog.changes.size(), changesBefore + 1);
-}
-
-TEST_F(CheckedEdit, DisabledFieldIsWhiteWhateverItsText) {
-    gui::Type(Field(IDC_WHOLE), u"-");
-    EnableWindow(Field(IDC_WHOLE), FALSE);
-    const gui::EditColours colours = gui::ReadEditColours(dialog.Handle(), Field(IDC_WHOLE));
-    EXPECT_EQ(colours.brush, kWhite);
-    EXPECT_EQ(colours.background, RGB(1, 2, 3));  // left as they were
-}
-
-TEST_F(CheckedEdit, FileNameRefusesForbiddenCharactersWhileTyping) {
-    gui::Type(Field(IDC_FILE), u"katalog|");
-    EXPECT_EQ(beeps.Heard(), 1);
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte název bez '<>*:\\?'(platný název souboru Windows)");
-    gui::Type(Field(IDC_FILE), u"2.qxp");
-    EXPECT_EQ(gui::Text(Field(IDC_FILE)), u"katalog2.qxp");
-    EXPECT_TRUE(ShowsValid(IDC_FILE));
-    EXPECT_FALSE(gui::FindVisibleBalloon().visible);
-}
-
-TEST(CheckedEditDefaults, TitleWhenNoneIsGivenAndValidWithoutChecks) {
-    const CCheckedEdit edit;
-    EXPECT_EQ(edit.Title(), u"Chybný vstup");
-    EXPECT_TRUE(edit.IsValid());
+// Leaving "Název:" names an empty "Popis:" after it; leaving it again trims its trailing blanks
+// without a word, and a filled "Popis:" stays.
+TEST_F(CheckedFields, LeavingNamesTheDisplayNameAndTrims) {
+    for (const char16_t* typed : {u"PE 100", u"  "}) {
+        SetFocus(Control(IDC_NAME));
+        SendMessageW(Control(IDC_NAME), EM_SETSEL, 99, 99);  // the caret at the end
+        gui::Type(Control(IDC_NAME), typed);
+        SetFocus(Control(IDC_MANUFACTURER));
+        gui::Pump(editor);
+        EXPECT_EQ(Text(IDC_NAME), u"PE 100");
+        EXPECT_EQ(Text(IDC_DISPLAY_NAME), u"PE 100");
+    }
+    EXPECT_EQ(beeps.Heard(), 0);
 }
 
 }  // namespace

@@ -1,164 +1,137 @@
+// What the dialog base gives the material dialogs under Wine: heading, size limit, tooltips,
+// icon and fonts.
+
 #include "Dialogs/CQxAcDialog.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <climits>
+
 #include "Dialogs/DialogMetrics.h"
-#include "Win/WideText.h"
+#include "Dialogs/TreeListCtrl.h"
 #include "resource.h"
-#include "win/DemoDialog.h"
-#include "win/GuiHarness.h"
+#include "win/MaterialEditorHarness.h"
 
 namespace {
+
+using namespace material_dialogs;
 
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 
-class DialogBase : public ::testing::Test {
-protected:
-    void Open(DemoDialog& dialog) {
-        ASSERT_TRUE(dialog.Create());
-        dialog.Show(SW_SHOW);
-        gui::Pump(dialog);
-    }
-
-    std::u16string ToolText(const CToolTipCtrl& tooltip, HWND dialog, int controlId) {
-        wchar_t text[256] = {};
-        TTTOOLINFOW tool{};
-        tool.cbSize = sizeof(tool);
-        tool.hwnd = dialog;
-        tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, controlId));
-        tool.lpszText = text;
-        tooltip.Send(TTM_GETTEXTW, 256, reinterpret_cast<LPARAM>(&tool));
-        return FromWide(text);
-    }
+// Where a window's own painting (not its controls') left ink off the row `skipRow`.
+struct Ink {
+    int pixels = 0;
+    int left = INT_MAX, top = INT_MAX, bottom = -1;
 };
-
-TEST_F(DialogBase, HeadingAndRuleFollowTheScale) {
-    DemoDialog dialog(u"Materiály potrubí");
-    Open(dialog);
-    const gui::ClientPicture picture(dialog.Handle());
-    const HeadingLayout layout = HeadingLayoutForScale(dialog.Scale());
-
-    // The rule runs from the margin up to, not including, the width less the margin.
-    EXPECT_EQ(picture.Pixel(layout.margin, layout.ruleY), kBlack);
-    EXPECT_EQ(picture.Pixel(picture.Width() - layout.margin - 1, layout.ruleY), kBlack);
-    EXPECT_EQ(picture.Pixel(layout.margin - 1, layout.ruleY), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() - layout.margin, layout.ruleY), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() / 2, layout.ruleY - 1), kWhite);
-    EXPECT_EQ(picture.Pixel(picture.Width() / 2, layout.ruleY + 1), kWhite);
-
-    // The text lies between its start and the rule, beginning at the margin.
-    int inked = 0;
-    int leftmost = picture.Width();
+Ink InkOf(HWND window, int skipRow = -1) {
+    const gui::ClientPicture picture(window);
+    Ink ink;
     for (int y = 0; y < picture.Height(); ++y) {
         for (int x = 0; x < picture.Width(); ++x) {
-            if (y == layout.ruleY || picture.Pixel(x, y) == kWhite) continue;
-            ++inked;
-            leftmost = std::min(leftmost, x);
-            EXPECT_GE(y, layout.textY);
-            EXPECT_LT(y, layout.ruleY);
+            if (y == skipRow || picture.Pixel(x, y) == kWhite) continue;
+            ++ink.pixels;
+            ink.left = std::min(ink.left, x);
+            ink.top = std::min(ink.top, y);
+            ink.bottom = y;
         }
     }
-    EXPECT_GT(inked, 50);
-    EXPECT_GE(leftmost, layout.margin);
-    EXPECT_LE(leftmost, layout.margin + 3);
+    return ink;
 }
 
-TEST_F(DialogBase, NoHeadingMeansNoRule) {
-    DemoDialog dialog(u"");
-    Open(dialog);
-    const gui::ClientPicture picture(dialog.Handle());
-    int inked = 0;
-    for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) inked += picture.Pixel(x, y) != kWhite;
-    }
-    EXPECT_EQ(inked, 0);
+TEST_F(MaterialEditor, HeadingAndRuleFollowTheScale) {
+    Open();
+    const gui::ClientPicture picture(editor.Handle());
+    const HeadingLayout layout = HeadingLayoutForScale(editor.Scale());
+    // The rule runs from the margin up to, not including, the width less the margin.
+    const int right = picture.Width() - layout.margin;
+    EXPECT_EQ(picture.Pixel(layout.margin, layout.ruleY), kBlack);
+    EXPECT_EQ(picture.Pixel(right - 1, layout.ruleY), kBlack);
+    EXPECT_EQ(picture.Pixel(layout.margin - 1, layout.ruleY), kWhite);
+    EXPECT_EQ(picture.Pixel(right, layout.ruleY), kWhite);
+    EXPECT_EQ(picture.Pixel(right - 1, layout.ruleY - 1), kWhite);  // one pixel thick
+    // The text lies between its start and the rule, beginning at the margin.
+    const Ink text = InkOf(editor.Handle(), layout.ruleY);
+    EXPECT_GT(text.pixels, 50);
+    EXPECT_GE(text.top, layout.textY);
+    EXPECT_LT(text.bottom, layout.ruleY);
+    EXPECT_GE(text.left, layout.margin);
+    EXPECT_LE(text.left, layout.margin + 3);
 }
 
-TEST_F(DialogBase, CannotShrinkBelowItsInitialSize) {
-    DemoDialog dialog;
-    Open(dialog);
-    const SIZE initial = dialog.InitialSize();
+TEST_F(MaterialSelection, NoHeadingMeansNoRule) {
+    Open(false);
+    EXPECT_EQ(InkOf(dialog.Handle()).pixels, 0);
+}
+
+TEST_F(MaterialEditor, CannotShrinkBelowItsInitialSize) {
+    Open();
+    const SIZE initial = editor.InitialSize();
     ASSERT_GT(initial.cx, 0);
-
-    SetWindowPos(dialog.Handle(), nullptr, 0, 0, initial.cx / 2, initial.cy / 3, SWP_NOMOVE | SWP_NOZORDER);
-    RECT window = dialog.WindowRect();
-    EXPECT_EQ(window.right - window.left, initial.cx);
-    EXPECT_EQ(window.bottom - window.top, initial.cy);
-
-    SetWindowPos(dialog.Handle(), nullptr, 0, 0, initial.cx + 40, initial.cy + 30, SWP_NOMOVE | SWP_NOZORDER);
-    window = dialog.WindowRect();
-    EXPECT_EQ(window.right - window.left, initial.cx + 40);
-    EXPECT_EQ(window.bottom - window.top, initial.cy + 30);
+    for (const auto& [width, height] :
+         {std::pair{initial.cx / 2, initial.cy / 3}, {initial.cx + 40, initial.cy + 30}}) {
+        SetWindowPos(editor.Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        const RECT window = editor.WindowRect();
+        EXPECT_EQ(window.right - window.left, std::max(width, initial.cx));
+        EXPECT_EQ(window.bottom - window.top, std::max(height, initial.cy));
+    }
 }
 
-TEST_F(DialogBase, ASecondTooltipForTheSameControlKeepsTheFirst) {
-    DemoDialog dialog;
-    CToolTipCtrl& first = dialog.AddToolTip(IDC_WHOLE, u"Jmenovitý tlak");
-    CToolTipCtrl& second = dialog.AddToolTip(IDC_WHOLE, u"Jiný text");
-    EXPECT_EQ(&first, &second);
-    Open(dialog);
+// Hovering shows a control's balloon through the relay, also beside a refusal's balloon; a
+// second tooltip for a control keeps the first. The profile pane's, added once the dialog is
+// open, is attached at once. The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
+TEST_F(MaterialEditor, TooltipsShowOnHoverBesideARefusalAndTheFirstTextStays) {
+    Open();
+    wchar_t paneText[64] = {};
+    TTTOOLINFOW pane{};
+    pane.cbSize = sizeof(pane);
+    pane.hwnd = editor.Handle();
+    pane.uId = reinterpret_cast<UINT_PTR>(editor.ProfilePane().Handle());
+    pane.lpszText = paneText;
+    editor.ToolTips().at(CTreeListCtrl::kControlId).tooltip.Send(TTM_GETTEXTW, 64, reinterpret_cast<LPARAM>(&pane));
+    EXPECT_STREQ(paneText, L"Seznam profilů");
+    const CToolTipCtrl& apply = editor.ToolTips().at(IDC_MATERIAL_APPLY).tooltip;
+    EXPECT_EQ(&editor.AddToolTip(IDC_MATERIAL_APPLY, u"Jiný text"), &apply);
+    EXPECT_EQ(GetWindowLongW(apply.Handle(), GWL_STYLE) & TTS_ALWAYSTIP, TTS_ALWAYSTIP);
+    EXPECT_EQ(apply.Send(TTM_GETMAXTIPWIDTH), 200);
 
-    const CQxAcDialog::ToolTipEntry& entry = dialog.ToolTips().at(IDC_WHOLE);
-    EXPECT_EQ(entry.text, u"Jmenovitý tlak");
-    EXPECT_EQ(ToolText(first, dialog.Handle(), IDC_WHOLE), u"Jmenovitý tlak");
-    const LONG style = GetWindowLongW(first.Handle(), GWL_STYLE);
-    EXPECT_EQ(style & (TTS_BALLOON | TTS_ALWAYSTIP), TTS_BALLOON | TTS_ALWAYSTIP);
-    EXPECT_EQ(first.Send(TTM_GETMAXTIPWIDTH), 200);
-
-    // Added while open: attached at once; again the first text stays.
-    CToolTipCtrl& late = dialog.AddToolTip(IDC_DECIMAL, u"Drsnost v mm");
-    dialog.AddToolTip(IDC_DECIMAL, u"Jiný text");
-    EXPECT_EQ(ToolText(late, dialog.Handle(), IDC_DECIMAL), u"Drsnost v mm");
-}
-
-// The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
-TEST_F(DialogBase, HoveringAControlShowsItsTooltipThroughTheRelayBesideARefusal) {
-    DemoDialog dialog(u"Kontrolovaná pole – ukázka");
-    Open(dialog);
-    SetWindowPos(dialog.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    gui::SetText(dialog.Item(IDC_DECIMAL), u"1.");
-    gui::SetText(dialog.Item(IDC_EMAIL), u"jan.novak@firma.cz");
-    gui::SetText(dialog.Item(IDC_FILE), u"Potrubí.qxp");
-    const RECT button = CWindow(dialog.Item(IDC_ADD)).WindowRect();
+    SetWindowPos(editor.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    Click(IDC_MATERIAL_ADD);
+    const RECT button = CWindow(Control(IDC_MATERIAL_APPLY)).WindowRect();
     SetCursorPos((button.left + button.right) / 2, (button.top + button.bottom) / 2);
-    const POINT client{(button.right - button.left) / 2, (button.bottom - button.top) / 2};
-    PostMessageW(dialog.Item(IDC_ADD), WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y));
-    gui::Pump(dialog, 1200);
-
-    const gui::Balloon tooltip = gui::FindVisibleBalloon();
-    ASSERT_TRUE(tooltip.visible);
-    EXPECT_EQ(tooltip.text, u"Přidej materiál");
-
-    SetFocus(dialog.Item(IDC_WHOLE));
-    gui::Type(dialog.Item(IDC_WHOLE), u"12a");
-    gui::Pump(dialog, 300);
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_WHOLE)), u"12");
+    PostMessageW(Control(IDC_MATERIAL_APPLY), WM_MOUSEMOVE, 0,
+                 MAKELPARAM((button.right - button.left) / 2, (button.bottom - button.top) / 2));
+    gui::Pump(editor, 1200);
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Uložit provedené změny");
+    gui::Type(Control(IDC_NAME), u"123456789012345678901");
+    gui::Pump(editor, 300);
     EXPECT_EQ(gui::VisibleBalloons().size(), 2u);  // the refusal's and the tooltip
-    gui::SaveScreenshot(L"dialog-base-demo");
+    gui::SaveScreenshot(L"editor-tooltip-and-refusal");
 }
 
-TEST_F(DialogBase, IconAndFonts) {
-    DemoDialog dialog;
-    Open(dialog);
-    const auto icon = reinterpret_cast<HICON>(dialog.Send(WM_GETICON, ICON_BIG));
+TEST_F(MaterialEditor, IconAndFonts) {
+    Open();
+    const auto icon = reinterpret_cast<HICON>(editor.Send(WM_GETICON, ICON_BIG));
     EXPECT_EQ(icon, LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_VELMORA)));
-    EXPECT_EQ(reinterpret_cast<HICON>(dialog.Send(WM_GETICON, ICON_SMALL)), icon);
+    EXPECT_EQ(reinterpret_cast<HICON>(editor.Send(WM_GETICON, ICON_SMALL)), icon);
 
     LOGFONTW base{};
     LOGFONTW bold{};
-    ASSERT_NE(GetObjectW(dialog.BaseFont(), sizeof(base), &base), 0);
-    ASSERT_NE(GetObjectW(dialog.BoldFont(), sizeof(bold), &bold), 0);
+    ASSERT_NE(GetObjectW(editor.BaseFont(), sizeof(base), &base), 0);
+    ASSERT_NE(GetObjectW(editor.BoldFont(), sizeof(bold), &bold), 0);
     EXPECT_STREQ(base.lfFaceName, L"Arial");
     EXPECT_STREQ(bold.lfFaceName, L"Arial");
     EXPECT_EQ(bold.lfWeight, FW_BOLD);
     const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    if (dpi == 96) {
+    if (GetDeviceCaps(screen, LOGPIXELSY) == 96) {
         EXPECT_EQ(base.lfHeight, -17);
         EXPECT_EQ(bold.lfHeight, -12);
     }
+    ReleaseDC(nullptr, screen);
+    // The list headings use the bold font.
+    EXPECT_EQ(reinterpret_cast<HFONT>(SendDlgItemMessageW(editor.Handle(), IDC_MATERIALS_HEADING, WM_GETFONT, 0, 0)),
+              editor.BoldFont());
 }
 
 }  // namespace

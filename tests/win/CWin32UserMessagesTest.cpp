@@ -8,71 +8,50 @@
 
 namespace {
 
-TEST(CWin32UserMessages, ExceptionBoxShowsTheCzechTextUnderItsCaption) {
+// The exception box and the file-error box: Czech text and caption, icon, no owner.
+TEST(CWin32UserMessages, FailureBoxesShowTheCzechTextUnderTheirCaptions) {
     CWin32UserMessages messages;
     CUserMessagesScope installed(messages);
-    MessageBoxWatcher watcher(L"Program vyvolal výjimku");
-
+    MessageBoxWatcher exception(L"Program vyvolal výjimku");
     ShowException(CQvxException(u"Příliš dlouhý výrobce", 212, SourceModule::kMaterial));
-
-    const MessageBoxWatcher::Seen& seen = watcher.Stop();
-    ASSERT_TRUE(seen.found);
+    const MessageBoxWatcher::Seen seen = exception.Stop();
     EXPECT_EQ(seen.text, L"Příliš dlouhý výrobce, Line 212, \n_Spolecny\\_Velmora\\CQvxMaterial");
     EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_INFORMATION));
     EXPECT_EQ(seen.owner, nullptr);
-}
 
-TEST(CWin32UserMessages, FileErrorBoxHasTheUnexpectedExceptionCaption) {
-    CWin32UserMessages messages;
-    CUserMessagesScope installed(messages);
-    MessageBoxWatcher watcher(L"Neočekávaná výjimka");
-
-    EXPECT_FALSE(RunUserAction([] { throw CFileException(CFileException::Cause::Generic, u"x"); },
-                               FileFailureText::kReading));
-
-    const MessageBoxWatcher::Seen& seen = watcher.Stop();
-    ASSERT_TRUE(seen.found);
-    EXPECT_EQ(seen.text, L"Chyba při čtení ze souboru");
-    EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_ERROR));
-}
-
-TEST(CWin32UserMessages, TaskDialogShowsInstructionAndContent) {
-    CWin32UserMessages messages;
-    TaskDialogWatcher watcher(L"Materiály potrubí", IDOK);
-    messages.ShowTaskDialog(u"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp", u"Bude načten standardní soubor");
-    const TaskDialogWatcher::Seen& seen = watcher.Stop();
-    ASSERT_TRUE(seen.found);
-    EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\nC:\\data\\Velmora\\Potrubi.qxp"));
-    EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
+    MessageBoxWatcher fileError(L"Neočekávaná výjimka");
+    EXPECT_FALSE(
+        RunUserAction([] { throw CFileException(CFileException::Cause::Generic, u"x"); }, FileFailureText::kReading));
+    const MessageBoxWatcher::Seen error = fileError.Stop();
+    EXPECT_EQ(error.text, L"Chyba při čtení ze souboru");
+    EXPECT_EQ(error.icon, LoadIconW(nullptr, IDI_ERROR));
 }
 
 TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
     CWin32UserMessages messages;
-    for (const unsigned bit : {TaskDialogButtons::kYes, TaskDialogButtons::kNo, TaskDialogButtons::kYesToAll,
-                               TaskDialogButtons::kNoToAll}) {
+    for (const unsigned bit :
+         {TaskDialogButtons::kYes, TaskDialogButtons::kNo, TaskDialogButtons::kYesToAll, TaskDialogButtons::kNoToAll}) {
         TaskDialogWatcher watcher(L"Materiály potrubí", CWin32UserMessages::TaskDialogButtonId(bit));
         EXPECT_EQ(messages.AskOverwrite(u"PE 100 SDR 11"), bit);
         const TaskDialogWatcher::Seen& seen = watcher.Stop();
         ASSERT_TRUE(seen.found);
-        EXPECT_TRUE(seen.Shows(L"Tento materiál již existuje, přepsat standardním?"));
-        EXPECT_TRUE(seen.Shows(L"PE 100 SDR 11"));
-        for (const wchar_t* caption : {L"Ano", L"Ne", L"Ano všem", L"Ne všem"}) EXPECT_TRUE(seen.Shows(caption));
+        for (const wchar_t* text : {L"Tento materiál již existuje, přepsat standardním?", L"PE 100 SDR 11", L"Ano",
+                                    L"Ne", L"Ano všem", L"Ne všem"}) {
+            EXPECT_TRUE(seen.Shows(text)) << text;
+        }
         EXPECT_FALSE(seen.Shows(L"Zrušit"));
     }
 }
 
 TEST(CWin32UserMessages, SaveQuestionIsAYesNoBox) {
     CWin32UserMessages messages;
-    MessageBoxWatcher yes(L"Uložit materiály?", IDYES);
-    EXPECT_TRUE(messages.AskSaveUpdated());
-    const MessageBoxWatcher::Seen& seen = yes.Stop();
-    ASSERT_TRUE(seen.found);
-    EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
-    EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
-
-    MessageBoxWatcher no(L"Uložit materiály?", IDNO);
-    EXPECT_FALSE(messages.AskSaveUpdated());
-    EXPECT_TRUE(no.Stop().found);
+    for (const WPARAM answer : {IDYES, IDNO}) {
+        MessageBoxWatcher watcher(L"Uložit materiály?", {answer});
+        EXPECT_EQ(messages.AskSaveUpdated(), answer == IDYES);
+        const MessageBoxWatcher::Seen seen = watcher.Stop();
+        EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
+        EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
+    }
 }
 
 }  // namespace

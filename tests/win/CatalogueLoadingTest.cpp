@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include <filesystem>
 #include <fstream>
+#include <vector>
 
 #include "Win/CWin32UserMessages.h"
 #include "support/FakeRegistryValues.h"
@@ -21,7 +20,6 @@ using namespace material_dialogs;
 TEST_F(MaterialEditor, FileDialogAsksForACatalogueAndCancellingChangesNothing) {
     AddMaterial(catalogue, u"PE");
     Open();
-    std::wstring typeShown;
     DialogWatcher picker(L"Vyhledej soubor pro načtení katalogu potrubí", [&](HWND dialog) {
         Sleep(500);  // let it draw for the picture
         gui::SaveScreenshot(L"file-open");
@@ -47,10 +45,9 @@ protected:
     // Writes a catalogue of `list` where the picker will find it.
     void PickCatalogueOf(CQvxSezMaterialu& list) {
         const Bytes bytes = WriteCatalogue(list);
-        const std::filesystem::path file = root.Path() / "picked.qxp";
-        std::ofstream(file, std::ios::binary)
+        picked = root / u"picked.qxp";
+        std::ofstream(std::filesystem::path(*picked), std::ios::binary)
             .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        picked = file.u16string();
     }
     TaskDialogWatcher::Seen ClickAnsweringTask(int id, int button) {
         TaskDialogWatcher watcher(kCaption, button, editor.Handle());
@@ -64,22 +61,9 @@ protected:
     std::optional<std::u16string> picked;
 };
 
-TEST_F(EditorOnFiles, YesClearsEvenWhenThePickedFileThenFailsToOpen) {
-    AddMaterial(catalogue, u"PE");
-    AddMaterial(catalogue, u"PVC");
-    Open();
-    picked = root / u"zmizelý.qxp";
-    const TaskDialogWatcher::Seen seen = ClickAnsweringTask(IDC_LOAD_FILE, IDYES);
-    EXPECT_TRUE(seen.Shows(L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)"));
-    EXPECT_EQ(editor.WorkingList().Count(), 0u);
-    EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
-    EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor" + *picked);
-    EXPECT_EQ(catalogue.Count(), 2u);
-}
-
-TEST_F(EditorOnFiles, LoadingListsEveryMaterialWhileTheRadiosStay) {
+// No adds the picked catalogue and lists every material while the radios stay; Yes clears the
+// list first, even when the picked file then fails to open.
+TEST_F(EditorOnFiles, LoadingAddsOrClearsAndListsEveryMaterialWhileTheRadiosStay) {
     AddUsedFor(catalogue, u"Plynovod", 3, kMediumGas);
     CQvxSezMaterialu other;
     AddUsedFor(other, u"Vodovod", 3, kMediumWater);
@@ -88,12 +72,21 @@ TEST_F(EditorOnFiles, LoadingListsEveryMaterialWhileTheRadiosStay) {
     Open();
     Click(IDC_FILTER_WATER);
     EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{}));
-
-    ClickAnsweringTask(IDC_LOAD_FILE, IDNO);
+    EXPECT_TRUE(ClickAnsweringTask(IDC_LOAD_FILE, IDNO)
+                    .Shows(L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)"));
     EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"Kanál", u"Plynovod", u"Vodovod"}));
     EXPECT_TRUE(Checked(IDC_FILTER_WATER));
     EXPECT_FALSE(editor.WorkingList().IsUnchanged());
     EXPECT_FALSE(std::filesystem::exists(UserFile()));  // only OK or a Yes on leaving writes it
+
+    picked = root / u"zmizelý.qxp";
+    ClickAnsweringTask(IDC_LOAD_FILE, IDYES);
+    EXPECT_EQ(editor.WorkingList().Count(), 0u);
+    EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
+    EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor" + *picked);
+    EXPECT_EQ(catalogue.Count(), 1u);
 }
 
 TEST_F(EditorOnFiles, StandardCatalogueReplacesOrJoinsTheMaterials) {
@@ -129,7 +122,7 @@ TEST_F(EditorOnFiles, MergeAnsweredYesToAllThroughTheRealQuestion) {
 
     TaskDialogWatcher overwrite(kCaption, CWin32UserMessages::TaskDialogButtonId(TaskDialogButtons::kYesToAll),
                                 editor.Handle(), L"Tento materiál již existuje, přepsat standardním?");
-    MessageBoxWatcher saveNow(L"Uložit materiály?", IDNO);
+    MessageBoxWatcher saveNow(L"Uložit materiály?", {IDNO});
     TaskDialogWatcher noClearing(kCaption, IDNO, editor.Handle(),
                                  L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)");
     Click(IDC_LOAD_FILE);  // first the clearing question, then one overwrite question for both
@@ -140,24 +133,35 @@ TEST_F(EditorOnFiles, MergeAnsweredYesToAllThroughTheRealQuestion) {
     EXPECT_EQ(editor.WorkingList().Find(u"B")->Medium(), kMediumWater);
 }
 
+// Enter, typed for real, applies an edit and does not close the editor; OK drops an edit still
+// open, saves the changed catalogue and hands it back.
 TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
     AddMaterial(catalogue, u"PE");
     Open();
+    SetForegroundWindow(editor.Handle());
     Click(IDC_MATERIAL_ADD);
-    MessageBoxWatcher empty(kCaption, IDOK, editor.Handle());
+    ASSERT_EQ(GetFocus(), Control(IDC_NAME));
+    MessageBoxWatcher empty(kCaption, {IDOK}, editor.Handle());
     MSG enter{Control(IDC_NAME), WM_KEYDOWN, VK_RETURN, 0, 0, {}};
     editor.ProcessMessage(enter);  // as the message loop hands it over
     EXPECT_EQ(empty.Stop().text, L"Název nesmí být prázdný");
     EXPECT_EQ(editor.Mode(), EditMode::Add);
-    EXPECT_FALSE(editor.HasEnded());
 
+    gui::RealType(u"PVC");
+    gui::Pump(editor, 200);
+    gui::RealKey(VK_RETURN);
+    gui::Pump(editor, 200);
+    EXPECT_EQ(editor.Mode(), EditMode::Browse);
+    EXPECT_FALSE(editor.HasEnded());
+    ASSERT_NE(editor.WorkingList().Find(u"PVC"), nullptr);
+
+    Click(IDC_MATERIAL_ADD);
     gui::SetText(Control(IDC_NAME), u"Nový");
-    CQvxMaterial& pe = *editor.WorkingList().Find(u"PE");
-    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
-    Click(IDOK);  // the open add is dropped, the change is saved and handed back
+    Click(IDOK);
     EXPECT_TRUE(editor.HasEnded());
+    EXPECT_EQ(editor.Result(), IDOK);
+    EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
     EXPECT_EQ(catalogue.Find(u"Nový"), nullptr);
-    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"Plasty");
     EXPECT_TRUE(std::filesystem::exists(UserFile()));
 }
 
@@ -165,16 +169,11 @@ TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) 
     AddMaterial(catalogue, u"PE");
     Open();
     editor.WorkingList().SetUnchanged(false);
-    {
-        MessageBoxWatcher stay(kCaption, IDCANCEL, editor.Handle());
-        Click(IDCANCEL);
-        EXPECT_EQ(stay.Stop().text, L"Uložit provedené změny do souboru?");
-        EXPECT_FALSE(editor.HasEnded());
-    }
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
+    EXPECT_FALSE(editor.HasEnded());
+
     EditMaterial(*editor.WorkingList().Find(u"PE"), [](MaterialExchangeRecord& record) { record.manufacturer = u"X"; });
-    MessageBoxWatcher save(kCaption, IDYES, editor.Handle());
-    Click(IDCANCEL);
-    EXPECT_EQ(save.Stop().text, L"Uložit provedené změny do souboru?");
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_TRUE(std::filesystem::exists(UserFile()));
     EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
@@ -183,13 +182,14 @@ TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) 
 TEST_F(EditorOnFiles, EscapeWithoutChangesLeavesWithoutAQuestion) {
     AddMaterial(catalogue, u"PE");
     Open();
-    MessageBoxWatcher none(kCaption, IDCANCEL, editor.Handle());
+    MessageBoxWatcher none(kCaption, {IDCANCEL}, editor.Handle());
     MSG escape{editor.MaterialList().Handle(), WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
     editor.ProcessMessage(escape);
     gui::Pump(editor);
     EXPECT_FALSE(none.Stop().found);
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_EQ(editor.Result(), IDCANCEL);
+    EXPECT_FALSE(editor.IsVisible());
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <vector>
+#include <filesystem>
+#include <fstream>
+#include <functional>
 
 #include "Win/Dialog.h"
-#include "Win/WideText.h"
 
 namespace gui {
 
@@ -23,12 +23,43 @@ public:
 };
 [[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
+// A key's press and release through the input queue.
+void SendKey(WORD virtualKey, WORD character, DWORD flags) {
+    INPUT keys[2] = {};
+    keys[0].type = keys[1].type = INPUT_KEYBOARD;
+    keys[0].ki = {virtualKey, character, flags, 0, 0};
+    keys[1].ki = {virtualKey, character, flags | KEYEVENTF_KEYUP, 0, 0};
+    SendInput(2, keys, sizeof(INPUT));
+}
+
+// A 32-bit picture stored from its top row down.
+BITMAPINFOHEADER PictureHeader(int width, int height) {
+    return {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+}
+// What `paint` draws on a white bitmap of the screen's kind.
+std::vector<RGBQUAD> Picture(int width, int height, const std::function<void(HDC)>& paint) {
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    const HGDIOBJ previous = SelectObject(dc, bitmap);
+    PatBlt(dc, 0, 0, width, height, WHITENESS);
+    paint(dc);
+    SelectObject(dc, previous);
+    std::vector<RGBQUAD> pixels(static_cast<std::size_t>(width * height));
+    BITMAPINFOHEADER header = PictureHeader(width, height);
+    GetDIBits(dc, bitmap, 0, static_cast<UINT>(height), pixels.data(), reinterpret_cast<BITMAPINFO*>(&header),
+              DIB_RGB_COLORS);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+    return pixels;
+}
+
 BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     wchar_t className[64] = {};
     GetClassNameW(window, className, 64);
     if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
     if ((GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) == 0) return TRUE;
-
     Balloon balloon{true, Text(window), {}};
     GetWindowRect(window, &balloon.rect);
     reinterpret_cast<std::vector<Balloon>*>(found)->push_back(balloon);
@@ -46,10 +77,6 @@ void Pump(CDialog& dialog, DWORD milliseconds) {
     } while (GetTickCount() - start < milliseconds);
 }
 
-void Type(HWND window, std::u16string_view characters) {
-    for (const char16_t character : characters) SendMessageW(window, WM_CHAR, character, 1);
-}
-
 void PressKey(HWND window, UINT virtualKey) {
     const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC)) << 16;
     SendMessageW(window, WM_KEYDOWN, virtualKey, scanCode | 1);
@@ -57,22 +84,11 @@ void PressKey(HWND window, UINT virtualKey) {
 }
 
 void RealKey(UINT virtualKey) {
-    INPUT keys[2] = {};
-    keys[0].type = keys[1].type = INPUT_KEYBOARD;
-    keys[0].ki.wVk = keys[1].ki.wVk = static_cast<WORD>(virtualKey);
-    keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(2, keys, sizeof(INPUT));
+    SendKey(static_cast<WORD>(virtualKey), 0, 0);
 }
 
 void RealType(std::u16string_view characters) {
-    for (const char16_t character : characters) {
-        INPUT keys[2] = {};
-        keys[0].type = keys[1].type = INPUT_KEYBOARD;
-        keys[0].ki.wScan = keys[1].ki.wScan = character;
-        keys[0].ki.dwFlags = KEYEVENTF_UNICODE;
-        keys[1].ki.dwFlags = KEYEVENTF_UNICODE | KEYEVENTF_KEYUP;
-        SendInput(2, keys, sizeof(INPUT));
-    }
+    for (const char16_t character : characters) SendKey(0, character, KEYEVENTF_UNICODE);
 }
 
 void RealClick(POINT screenPoint) {
@@ -82,21 +98,6 @@ void RealClick(POINT screenPoint) {
     clicks[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
     clicks[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
     SendInput(2, clicks, sizeof(INPUT));
-}
-
-void Click(HWND button) {
-    SendMessageW(button, BM_CLICK, 0, 0);
-}
-
-void SetText(HWND window, std::u16string_view text) {
-    const std::u16string copy(text);
-    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(copy)));
-}
-
-std::u16string Text(HWND window) {
-    std::vector<wchar_t> buffer(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1);
-    GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return FromWide(buffer.data());
 }
 
 EditColours ReadEditColours(HWND parent, HWND edit) {
@@ -119,68 +120,39 @@ std::vector<Balloon> VisibleBalloons() {
     return balloons;
 }
 
-Balloon FindVisibleBalloon() {
-    const std::vector<Balloon> balloons = VisibleBalloons();
-    return balloons.empty() ? Balloon{} : balloons.front();
-}
-
 ClientPicture::ClientPicture(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     width_ = client.right;
     height_ = client.bottom;
-    const HDC screen = GetDC(nullptr);
-    dc_ = CreateCompatibleDC(screen);
-    bitmap_ = CreateCompatibleBitmap(screen, width_, height_);
-    ReleaseDC(nullptr, screen);
-    previous_ = SelectObject(dc_, bitmap_);
-    PatBlt(dc_, 0, 0, width_, height_, WHITENESS);
-    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc_), PRF_CLIENT);
-}
-
-ClientPicture::~ClientPicture() {
-    SelectObject(dc_, previous_);
-    DeleteObject(bitmap_);
-    DeleteDC(dc_);
+    for (const RGBQUAD pixel : Picture(width_, height_, [window](HDC dc) {
+             SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+         })) {
+        pixels_.push_back(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
+    }
 }
 
 std::wstring SaveScreenshot(const std::wstring& name) {
     wchar_t folder[MAX_PATH] = {};
     if (GetEnvironmentVariableW(L"VELMORA_SCREENSHOT_DIR", folder, MAX_PATH) == 0) return {};
-
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ previous = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, screen, 0, 0, SRCCOPY);
-    GdiFlush();
-
-    const DWORD stride = static_cast<DWORD>((width * 3 + 3) & ~3);
-    const DWORD imageSize = stride * static_cast<DWORD>(height);
-    BITMAPFILEHEADER file{};
-    file.bfType = 0x4D42;  // "BM"
-    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
-    file.bfSize = file.bfOffBits + imageSize;
-
+    const std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
+        const HDC screen = GetDC(nullptr);
+        BitBlt(dc, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+        ReleaseDC(nullptr, screen);
+    });
+    const BITMAPINFOHEADER header = PictureHeader(width, height);
+    const auto imageSize = static_cast<DWORD>(pixels.size() * sizeof(RGBQUAD));
+    constexpr DWORD kOffset = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
+    const BITMAPFILEHEADER file{0x4D42, kOffset + imageSize, 0, 0, kOffset};  // "BM"
     // Under Wine a Linux folder is reached through drive Z:.
-    const std::wstring base = folder[0] == L'/' ? L"Z:" + std::wstring(folder) : std::wstring(folder);
-    const std::wstring path = base + L"\\" + name + L".bmp";
-    bool saved = false;
-    if (FILE* out = _wfopen(path.c_str(), L"wb")) {
-        saved = fwrite(&file, sizeof(file), 1, out) == 1 &&
-                fwrite(&info.bmiHeader, sizeof(BITMAPINFOHEADER), 1, out) == 1 && fwrite(bits, imageSize, 1, out) == 1;
-        fclose(out);
-    }
-    SelectObject(memory, previous);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    return saved ? path : std::wstring();
+    const std::wstring path = (folder[0] == L'/' ? L"Z:" : L"") + std::wstring(folder) + L"\\" + name + L".bmp";
+    std::ofstream out(std::filesystem::path(path), std::ios::binary);
+    out.write(reinterpret_cast<const char*>(&file), sizeof(file));
+    out.write(reinterpret_cast<const char*>(&header), sizeof(header));
+    out.write(reinterpret_cast<const char*>(pixels.data()), imageSize);
+    return out ? path : std::wstring();
 }
 
 }  // namespace gui

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Win/WideText.h"
+
 class CDialog;
 
 // Helpers for driving real windows in the Windows suite (under Wine on Linux): message pumping,
@@ -17,7 +19,9 @@ namespace gui {
 void Pump(CDialog& dialog, DWORD milliseconds = 0);
 
 // Types each character with WM_CHAR, as the keyboard would after translation.
-void Type(HWND window, std::u16string_view characters);
+inline void Type(HWND window, std::u16string_view characters) {
+    for (const char16_t character : characters) SendMessageW(window, WM_CHAR, character, 1);
+}
 // A key pressed and released (WM_KEYDOWN, WM_KEYUP) without translation to characters.
 void PressKey(HWND window, UINT virtualKey);
 // Real input through the system's input queue (SendInput), to the foreground window's focus.
@@ -25,11 +29,18 @@ void RealKey(UINT virtualKey);
 void RealType(std::u16string_view characters);
 void RealClick(POINT screenPoint);
 
-// Clicks a button (BM_CLICK).
-void Click(HWND button);
+inline void Click(HWND button) {
+    SendMessageW(button, BM_CLICK, 0, 0);
+}
 // Replaces a window's text (WM_SETTEXT), as pasting or a program would.
-void SetText(HWND window, std::u16string_view text);
-std::u16string Text(HWND window);
+inline void SetText(HWND window, std::u16string_view text) {
+    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+}
+inline std::u16string Text(HWND window) {
+    std::vector<wchar_t> buffer(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1);
+    GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
+    return FromWide(buffer.data());
+}
 
 // What an edit shows, read through the parent's answer to WM_CTLCOLOREDIT.
 struct EditColours {
@@ -39,7 +50,7 @@ struct EditColours {
 };
 EditColours ReadEditColours(HWND parent, HWND edit);
 
-// A visible balloon tooltip of this thread: its text and place. (Its title cannot be read back
+// The visible balloon tooltips of this thread: text and place. (Their titles cannot be read back
 // everywhere: Wine does not answer TTM_GETTITLE.)
 struct Balloon {
     bool visible = false;
@@ -48,26 +59,23 @@ struct Balloon {
 };
 std::vector<Balloon> VisibleBalloons();
 // The first visible balloon; `visible` is false when there is none.
-Balloon FindVisibleBalloon();
+inline Balloon FindVisibleBalloon() {
+    const std::vector<Balloon> balloons = VisibleBalloons();
+    return balloons.empty() ? Balloon{} : balloons.front();
+}
 
 // The client area of `window` as `window` paints it for WM_PRINTCLIENT, on white.
 class ClientPicture {
 public:
     explicit ClientPicture(HWND window);
-    ~ClientPicture();
-    ClientPicture(const ClientPicture&) = delete;
-    ClientPicture& operator=(const ClientPicture&) = delete;
-
-    COLORREF Pixel(int x, int y) const { return GetPixel(dc_, x, y); }
+    COLORREF Pixel(int x, int y) const { return pixels_[static_cast<std::size_t>(y * width_ + x)]; }
     int Width() const { return width_; }
     int Height() const { return height_; }
 
 private:
     int width_;
     int height_;
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ previous_;
+    std::vector<COLORREF> pixels_;
 };
 
 // Saves the whole screen as a 24-bit BMP when VELMORA_SCREENSHOT_DIR names a folder (a Linux path

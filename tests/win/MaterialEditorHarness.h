@@ -1,7 +1,7 @@
 #pragma once
 
-// Shared set-up of the material dialogs' Windows tests: a catalogue, the editor open modeless over
-// it, and helpers that click, select rows and answer message boxes.
+// Shared set-up of the material dialogs' Windows tests: a catalogue, the selection dialog or the
+// editor open modeless over it, and helpers that click, select rows and answer message boxes.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,6 @@ inline std::vector<std::u16string> ShownNames(const CQxDlgMatVyber& dialog) {
     for (int row = 0; row < list.GetItemCount(); ++row) {
         wchar_t text[64] = {};
         LVITEMW item{};
-        item.iSubItem = 0;
         item.pszText = text;
         item.cchTextMax = 64;
         list.Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
@@ -48,46 +47,66 @@ inline std::vector<std::u16string> ShownNames(const CQxDlgMatVyber& dialog) {
     return names;
 }
 
-class MaterialEditor : public ::testing::Test {
+// One of the material dialogs, open modeless over `catalogue` once the test calls Show.
+template <class Dialog>
+class OpenDialog : public ::testing::Test {
 protected:
-    void Open() {
-        editor.PrepareEditing(catalogue, filter);
-        ASSERT_TRUE(editor.Create());
-        editor.Show(SW_SHOW);
-        gui::Pump(editor);
+    void Show() {
+        ASSERT_TRUE(dialog.Create());
+        dialog.Show(SW_SHOW);
+        gui::Pump(dialog);
     }
-    void TearDown() override { editor.DestroyWindow(); }
+    void TearDown() override { dialog.DestroyWindow(); }
 
-    HWND Control(int id) const { return editor.Item(id); }
+    HWND Control(int id) const { return dialog.Item(id); }
     void Click(int id) {
         gui::Click(Control(id));
-        gui::Pump(editor);
+        gui::Pump(dialog);
     }
     // Clicks `id` and answers the message box it shows.
-    MessageBoxWatcher::Seen ClickAnswering(int id) {
-        MessageBoxWatcher watcher(kCaption, IDOK, editor.Handle());
+    MessageBoxWatcher::Seen ClickAnswering(int id, WPARAM answer = IDOK) {
+        MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle());
         Click(id);
         return watcher.Stop();
     }
     void SelectRowOf(std::u16string_view name) {
-        const std::vector<std::u16string> names = ShownNames(editor);
+        const std::vector<std::u16string> names = ShownNames(dialog);
         for (std::size_t row = 0; row < names.size(); ++row) {
             if (names[row] == name) {
-                editor.MaterialList().SetItemState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED,
+                dialog.MaterialList().SetItemState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED,
                                                    LVIS_SELECTED | LVIS_FOCUSED);
-                editor.MaterialList().Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
+                dialog.MaterialList().Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
             }
         }
-        gui::Pump(editor);
+        gui::Pump(dialog);
     }
     std::u16string Text(int id) const { return gui::Text(Control(id)); }
-    bool Checked(int id) const { return IsDlgButtonChecked(editor.Handle(), id) == BST_CHECKED; }
+    bool Checked(int id) const { return IsDlgButtonChecked(dialog.Handle(), id) == BST_CHECKED; }
 
     ScriptedUserMessages messages;
     CUserMessagesScope installedMessages{messages};
     CQvxSezMaterialu catalogue;
+    Dialog dialog{nullptr};
+};
+
+class MaterialEditor : public OpenDialog<CQxDlgMatEdituj> {
+protected:
+    void Open() {
+        editor.PrepareEditing(catalogue, filter);
+        Show();
+    }
+
     UsageFilter filter;
-    CQxDlgMatEdituj editor{nullptr};
+    CQxDlgMatEdituj& editor = dialog;
+};
+
+// The selection dialog for gas pipes.
+class MaterialSelection : public OpenDialog<CQxDlgMatVyber> {
+protected:
+    void Open(bool selectProfile) {
+        dialog.Prepare(catalogue, {kPlacementAll, kMediumGas}, selectProfile);
+        Show();
+    }
 };
 
 }  // namespace material_dialogs

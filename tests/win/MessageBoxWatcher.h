@@ -3,13 +3,12 @@
 #include <windows.h>
 
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "win/DialogWatcher.h"
 
-// Answers a message box of this process with the given caption with `answer` (OK unless told),
-// recording what it shows.
+// Answers the message boxes of this process with the given caption, one after the other, each
+// with its own answer (one box answered OK unless told), recording what each shows.
 class MessageBoxWatcher {
 public:
     struct Seen {
@@ -19,65 +18,36 @@ public:
         HWND owner = nullptr;
     };
 
-    explicit MessageBoxWatcher(std::wstring caption, WPARAM answer = IDOK, HWND ignored = nullptr)
-        : watcher_(std::move(caption), [this, answer](HWND box) {
-              wchar_t text[1024] = {};
-              GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
-              seen_.text = text;
-              seen_.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0));
-              seen_.owner = GetWindow(box, GW_OWNER);
-              PostMessageW(box, WM_COMMAND, answer, 0);
-          },
-                   ignored) {}
+    explicit MessageBoxWatcher(std::wstring caption, std::vector<WPARAM> answers = {IDOK}, HWND ignored = nullptr)
+        : answers_(std::move(answers)),
+          watcher_(
+              std::move(caption),
+              [this](HWND box) {
+                  wchar_t text[1024] = {};
+                  GetDlgItemTextW(box, 0xFFFF, text, 1024);  // the box's text control
+                  seen_.push_back({true, text,
+                                   reinterpret_cast<HICON>(SendDlgItemMessageW(box, 0x440, STM_GETICON, 0, 0)),
+                                   GetWindow(box, GW_OWNER)});
+                  PostMessageW(box, WM_COMMAND, answers_[seen_.size() - 1], 0);
+              },
+              ignored, nullptr, static_cast<int>(answers_.size())) {}
 
-    // Stops watching (a box shown later is not answered) and returns what was seen.
-    const Seen& Stop() {
-        seen_.found = watcher_.Stop();
-        return seen_;
+    // Stops watching (a box shown later is not answered) and returns what the first box showed;
+    // `found` is false when none was shown.
+    Seen Stop() {
+        watcher_.Stop();
+        return seen_.empty() ? Seen{} : seen_.front();
+    }
+    // Stops watching and returns the texts of all boxes answered, in order.
+    std::vector<std::wstring> Texts() {
+        watcher_.Stop();
+        std::vector<std::wstring> texts;
+        for (const Seen& seen : seen_) texts.push_back(seen.text);
+        return texts;
     }
 
 private:
-    Seen seen_;
-    DialogWatcher watcher_;  // last: its thread may fill seen_ at once
-};
-
-// Answers several message boxes of this process with the given caption, one after the other, each
-// with its own answer, recording their texts.
-class MessageBoxSequence {
-public:
-    MessageBoxSequence(std::wstring caption, std::vector<WPARAM> answers, HWND ignored = nullptr)
-        : caption_(std::move(caption)), answers_(std::move(answers)), ignored_(ignored) {
-        thread_ = std::thread([this] { Answer(); });
-    }
-    ~MessageBoxSequence() { Wait(); }
-
-    // Waits until every box was answered (or ten seconds passed) and returns their texts.
-    const std::vector<std::wstring>& Wait() {
-        if (thread_.joinable()) thread_.join();
-        return texts_;
-    }
-
-private:
-    void Answer() {
-        HWND previous = nullptr;
-        for (int attempt = 0; attempt < 500 && texts_.size() < answers_.size(); ++attempt) {
-            for (HWND box = FindWindowExW(nullptr, nullptr, L"#32770", caption_.c_str()); box != nullptr;
-                 box = FindWindowExW(nullptr, box, L"#32770", caption_.c_str())) {
-                if (box == ignored_ || box == previous || !IsWindowVisible(box)) continue;
-                wchar_t text[1024] = {};
-                GetDlgItemTextW(box, 0xFFFF, text, 1024);
-                texts_.push_back(text);
-                PostMessageW(box, WM_COMMAND, answers_[texts_.size() - 1], 0);
-                previous = box;
-                break;
-            }
-            Sleep(20);
-        }
-    }
-
-    std::wstring caption_;
     std::vector<WPARAM> answers_;
-    HWND ignored_;
-    std::vector<std::wstring> texts_;
-    std::thread thread_;  // last: it starts at once
+    std::vector<Seen> seen_;
+    DialogWatcher watcher_;  // last: its thread may fill seen_ at once
 };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <utility>
 #include <vector>
 
 #include "Dialogs/CCheckedEdit.h"
@@ -28,34 +30,55 @@ protected:
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
+    std::vector<HTREEITEM> Rows() const {
+        std::vector<HTREEITEM> rows;
+        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row; row = Pane().GetNextItem(row, TVGN_NEXT)) {
+            rows.push_back(row);
+        }
+        return rows;
+    }
+    int DnOf(HTREEITEM row) const { return reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(); }
     HTREEITEM RowOf(int dnIndex) const {
-        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row != nullptr;
-             row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            if (reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex() == dnIndex) return row;
+        for (const HTREEITEM row : Rows()) {
+            if (DnOf(row) == dnIndex) return row;
         }
         return nullptr;
     }
     std::vector<int> RowDns() const {
         std::vector<int> dns;
-        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row != nullptr;
-             row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            dns.push_back(reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex());
-        }
+        for (const HTREEITEM row : Rows()) dns.push_back(DnOf(row));
         return dns;
+    }
+    // Selects the first material row anew, as a click on it does.
+    void ReselectFirstMaterial() {
+        editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
+        editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+        gui::Pump(editor);
     }
     void SelectProfile(int dnIndex) {
         Pane().SelectCell(RowOf(dnIndex), 0);
         gui::Pump(editor);
     }
-    // Starts the cell's own editor, gives it `text` and presses Enter.
+    RECT RowRect(int dnIndex) const {
+        RECT row{};
+        const HTREEITEM item = RowOf(dnIndex);
+        std::memcpy(&row, &item, sizeof(item));  // the item goes in where the rectangle comes out
+        EXPECT_TRUE(Pane().Send(TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&row)));
+        return row;
+    }
+    HWND Editor() const { return reinterpret_cast<HWND>(Pane().Send(TVM_GETEDITCONTROL)); }
+    // Starts the cell's own editor, notes the text it starts from, gives it `text` and presses Enter.
     HWND TypeIntoCell(int dnIndex, int column, std::u16string_view text) {
         const HWND cellEditor = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(column));
+        startText = gui::Text(cellEditor);
         gui::SetText(cellEditor, u"");
         gui::Type(cellEditor, text);
         gui::PressKey(cellEditor, VK_RETURN);
         gui::Pump(editor);
         return cellEditor;
     }
+
+    std::u16string startText;
 };
 
 TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
@@ -68,21 +91,15 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
 
     // Selecting the row again refills the pane before the old rows could be drawn.
     pe.GenerateSeries(0, kDnCount - 1);
-    editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
-    editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
-    gui::Pump(editor);
+    ReselectFirstMaterial();
     ASSERT_EQ(RowDns().size(), 28u);
-    {
-        MessageBoxSequence boxes(kCaption, {IDOK}, editor.Handle());
-        Click(IDC_PROFILE_ADD);  // from the first row
-        EXPECT_EQ(boxes.Wait(), (std::vector<std::wstring>{L"Nelze přidat již další DN !!"}));
-    }
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
     SelectProfile(20);
     {
-        MessageBoxSequence boxes(kCaption, {IDYES, IDOK}, editor.Handle());
+        MessageBoxWatcher boxes(kCaption, {IDYES, IDOK}, editor.Handle());
         Click(IDC_PROFILE_ADD);
-        EXPECT_EQ(boxes.Wait(), (std::vector<std::wstring>{L"Nelze přidat již další DN, přidat od začátku?",
-                                                           L"Nelze přidat již další DN !!"}));
+        EXPECT_EQ(boxes.Texts(), (std::vector<std::wstring>{L"Nelze přidat již další DN, přidat od začátku?",
+                                                            L"Nelze přidat již další DN !!"}));
     }
     EXPECT_EQ(pe.Profiles().size(), 28u);
 }
@@ -106,22 +123,38 @@ TEST_F(ProfilePaneEditor, PriceListCodeIsStoredWhenTheSelectionMoves) {
     EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
 }
 
+// The cell's editor starts from the owner's text and checks as it is typed; the owner refuses a
+// number outside the DN's band. Enter and a click elsewhere commit, Escape discards.
 TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
     CQvxMaterial& pe = OpenWith({kDn80, kDn100});
     CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     dn100.SetDimensions(100, 5);
     editor.WorkingList().SetUnchanged(true);
+    SetForegroundWindow(editor.Handle());
 
     const HWND cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
+    EXPECT_EQ(startText, u"100.0");
     EXPECT_TRUE(IsWindowVisible(cellEditor));  // refused: the edit stays open
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadaný průměr neodpovídá zadanému DN, nejprve změňte DN");
+    gui::SetText(cellEditor, u"");
+    gui::Type(cellEditor, u"72,");  // a comma is a point; a trailing point is no number yet
+    EXPECT_EQ(gui::Text(cellEditor), u"72.");
+    EXPECT_EQ(gui::ReadEditColours(Pane().Handle(), cellEditor).background, RGB(255, 255, 160));
+    gui::PressKey(cellEditor, VK_RETURN);
+    EXPECT_TRUE(IsWindowVisible(cellEditor));
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
+    EXPECT_EQ(CTreeListCtrl::InPlaceEdit().Title(), u"Chybný vstup");
     EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 100);
     EXPECT_TRUE(editor.WorkingList().IsUnchanged());
 
-    gui::SetText(cellEditor, u"72.5");
-    gui::PressKey(cellEditor, VK_RETURN);
-    gui::Pump(editor);
+    gui::Type(cellEditor, u"5");
+    const RECT row = RowRect(kDn80);
+    POINT point{(row.left + row.right) / 2, (row.top + row.bottom) / 2};
+    ClientToScreen(Pane().Handle(), &point);
+    gui::RealClick(point);
+    gui::Pump(editor, 100);
     EXPECT_FALSE(IsWindowVisible(cellEditor));
+    EXPECT_EQ(Pane().GetSelection(), RowOf(kDn80));
     EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
     EXPECT_FLOAT_EQ(dn100.OuterDiameter(), 110);
     EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // still the owner's
@@ -129,14 +162,66 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
 
     TypeIntoCell(kDn100, kWallColumn, u"55");
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"OD - 2x stěna je menší než 0, trubka nemá díru");
-    Pane().EndEditLabelNow(true);
+    gui::PressKey(Editor(), VK_ESCAPE);
+    EXPECT_FALSE(IsWindowVisible(Editor()));
     EXPECT_FLOAT_EQ(dn100.Wall(), 18.75f);
+}
+
+// A digit typed into a selected number cell starts its edit. Left at the start of the text stays
+// in the editor, unless the pane has the style that lets the arrows leave it.
+TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditAndLeftLeavesOnlyWithTheArrowStyle) {
+    OpenWith({kDn80, kDn100});
+    SetForegroundWindow(editor.Handle());
+    Pane().SelectCell(RowOf(kDn80), kOuterColumn);
+    SetFocus(Pane().Handle());
+    gui::RealType(u"4");
+    gui::Pump(editor, 100);
+    ASSERT_TRUE(IsWindowVisible(Editor()));
+    EXPECT_EQ(gui::Text(Editor()), u"4");  // the typed character replaced the text
+    gui::PressKey(Editor(), VK_ESCAPE);
+
+    for (const bool arrows : {false, true}) {
+        Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
+        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn | (2u << 26));  // caret at 0
+        gui::PressKey(cellEditor, VK_LEFT);
+        gui::Pump(editor);
+        EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !arrows) << arrows;
+        EXPECT_EQ(Pane().GetCurrentColumn(), arrows ? kOuterColumn : kWallColumn) << arrows;
+    }
+}
+
+// With the pane not focused the current cell shows in the button face colour, within grid lines.
+TEST_F(ProfilePaneEditor, PaintsGridLinesAndTheCurrentCell) {
+    OpenWith({kDn80, kDn100});
+    Pane().SelectCell(RowOf(kDn100), kWallColumn);
+    SetFocus(Control(IDC_MATERIAL_LIST));
+    const RECT row = RowRect(kDn100);
+    int wallLeft = 0;
+    int wallRight = 0;
+    for (int column = 0; column <= kWallColumn; ++column) {
+        TVCOLUMNW width{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
+        Pane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&width));
+        wallLeft = std::exchange(wallRight, wallRight + width.cx);
+    }
+    const gui::ClientPicture picture(Pane().Handle());
+    const int middle = (row.top + row.bottom) / 2;
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    EXPECT_EQ(picture.Pixel(wallLeft + 2, middle), face);
+    EXPECT_EQ(picture.Pixel(wallRight - 3, row.top + 1), face);
+    EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
+    EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
+    EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
 }
 
 TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
     CQvxMaterial& pe = OpenWith({kDn80, kDn100});
     const auto choose = [&](int dnIndex, int choice) {
         const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
+        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
+        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
+        gui::PressKey(combo, VK_DOWN);
+        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
         SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
         SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(combo));
@@ -147,7 +232,7 @@ TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
     EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
 
-    MessageBoxWatcher silence(kCaption, IDOK, editor.Handle());
+    MessageBoxWatcher silence(kCaption, {IDOK}, editor.Handle());
     choose(kDn100, kDn125);  // taken: nothing changes, nothing is said
     EXPECT_FALSE(silence.Stop().found);
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
@@ -178,14 +263,11 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection
 
     CQvxProfil* user = nullptr;
     pe.FindProfile(kDn80)->Users().Register(&user);
-    MessageBoxSequence used(kCaption, {IDOK}, editor.Handle());
-    Click(IDC_PROFILE_DELETE);
-    EXPECT_EQ(used.Wait(), (std::vector<std::wstring>{L"Profil je používán, nelze jej vymazat"}));
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE).text, L"Profil je používán, nelze jej vymazat");
     pe.FindProfile(kDn80)->Users().Clear();
 
-    MessageBoxSequence question(kCaption, {IDYES}, editor.Handle());
-    Click(IDC_PROFILE_DELETE_ALL);
-    EXPECT_EQ(question.Wait(), (std::vector<std::wstring>{L"Opravdu vymazat všechny profily?\ntento krok je nevratný"}));
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE_ALL, IDYES).text,
+              L"Opravdu vymazat všechny profily?\ntento krok je nevratný");
     EXPECT_TRUE(pe.Profiles().empty());
     EXPECT_EQ(Pane().GetCount(), 0);
 }
@@ -196,14 +278,9 @@ TEST_F(ProfilePaneEditor, OtherShapesShowHeightAndWidth) {
     // The working copy does not take the shape over from the caller's list: set it there.
     EditMaterial(*editor.WorkingList().Find(u"Kolektor"),
                  [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
-    editor.MaterialList().SetItemState(0, 0, LVIS_SELECTED);
-    editor.MaterialList().SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
-    gui::Pump(editor);
-    TVCOLUMNW column{};
+    ReselectFirstMaterial();
     wchar_t title[32] = {};
-    column.mask = TVCF_TEXT;
-    column.pszText = title;
-    column.cchTextMax = 32;
+    TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 32, 0, 0};
     Pane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
     EXPECT_STREQ(title, L"Výška");
     TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
@@ -211,28 +288,24 @@ TEST_F(ProfilePaneEditor, OtherShapesShowHeightAndWidth) {
     gui::SaveScreenshot(L"profiles-rectangle");
 }
 
-TEST(DnRange, ChoosesAnOrderedRange) {
-    CQxDlgGetDN dialog(nullptr);
+using DnRange = OpenDialog<CQxDlgGetDN>;
+
+TEST_F(DnRange, ChoosesAnOrderedRange) {
     dialog.fromIndex = 0;
     dialog.toIndex = kDnCount - 1;
-    ASSERT_TRUE(dialog.Create());
-    gui::Pump(dialog);
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_FROM)), u"DN 8");
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_TO)), u"DN 1200");
+    Show();
+    EXPECT_EQ(Text(IDC_DN_FROM), u"DN 8");
+    EXPECT_EQ(Text(IDC_DN_TO), u"DN 1200");
 
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_FROM, CB_SETCURSEL, kDn100, 0);
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_TO, CB_SETCURSEL, kDn80, 0);
-    MessageBoxSequence refusal(kCaption, {IDOK}, dialog.Handle());
-    gui::Click(dialog.Item(IDOK));
-    gui::Pump(dialog);
-    EXPECT_EQ(refusal.Wait(), (std::vector<std::wstring>{L"DN 'od' musí být menší nebo rovno DN 'do'"}));
+    EXPECT_EQ(ClickAnswering(IDOK).text, L"DN 'od' musí být menší nebo rovno DN 'do'");
     EXPECT_FALSE(dialog.HasEnded());
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_FROM)), u"DN 100");
-    EXPECT_EQ(gui::Text(dialog.Item(IDC_DN_TO)), u"DN 80");
+    EXPECT_EQ(Text(IDC_DN_FROM), u"DN 100");
+    EXPECT_EQ(Text(IDC_DN_TO), u"DN 80");
 
     SendDlgItemMessageW(dialog.Handle(), IDC_DN_TO, CB_SETCURSEL, kDn100, 0);  // one DN is a range
-    gui::Click(dialog.Item(IDOK));
-    gui::Pump(dialog);
+    Click(IDOK);
     EXPECT_TRUE(dialog.HasEnded());
     EXPECT_EQ(dialog.fromIndex, kDn100);
     EXPECT_EQ(dialog.toIndex, kDn100);

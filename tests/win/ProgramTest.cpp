@@ -3,6 +3,7 @@
 // standard catalogue; install.sh installs the program there with its installer.
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 #include <gtest/gtest.h>
@@ -24,13 +25,6 @@
 
 namespace {
 
-std::wstring ThisFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring folder(path);
-    return folder.substr(0, folder.find_last_of(L'\\') + 1);
-}
-
 std::wstring FromEnvironment(const wchar_t* name) {
     const wchar_t* value = _wgetenv(name);
     return value != nullptr ? value : L"";
@@ -38,8 +32,11 @@ std::wstring FromEnvironment(const wchar_t* name) {
 
 // The program the folder values of the prefix belong to: the installed one, or the one built here.
 std::wstring ProgramPath() {
+    wchar_t tests[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, tests, MAX_PATH);
     const std::wstring installed = FromEnvironment(L"VELMORA_PROGRAM");
-    return installed.empty() ? ThisFolder() + L"..\\Velmora\\Velmora.exe" : installed;
+    const std::wstring folder(tests);
+    return installed.empty() ? folder.substr(0, folder.find_last_of(L'\\')) + L"\\..\\Velmora\\Velmora.exe" : installed;
 }
 
 // The window of the material dialogs (another process's): titled "Materiály potrubí", with the
@@ -63,37 +60,30 @@ std::wstring ControlText(HWND dialog, int id) {
 }
 
 // A program started as Explorer starts it, ended when a test leaves it running.
-class StartedProgram {
-public:
+struct StartedProgram {
     explicit StartedProgram(std::wstring path) {
         std::wstring command = L"\"" + path + L"\"";
         STARTUPINFOW startup{};
         startup.cb = sizeof(startup);
-        started_ = CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                                  &process_) != FALSE;
+        started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                                 &process) != FALSE;
     }
     ~StartedProgram() {
-        if (!started_) return;
-        if (WaitForSingleObject(process_.hProcess, 0) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 1);
-        CloseHandle(process_.hThread);
-        CloseHandle(process_.hProcess);
+        if (!started) return;
+        TerminateProcess(process.hProcess, 1);  // refused once it has ended by itself
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
     }
-    StartedProgram(const StartedProgram&) = delete;
-    StartedProgram& operator=(const StartedProgram&) = delete;
-
-    bool Started() const { return started_; }
     // The exit code once the program has ended within `milliseconds`; STILL_ACTIVE otherwise.
     DWORD WaitForExit(DWORD milliseconds) const {
         DWORD exitCode = STILL_ACTIVE;
-        if (WaitForSingleObject(process_.hProcess, milliseconds) == WAIT_OBJECT_0) {
-            GetExitCodeProcess(process_.hProcess, &exitCode);
-        }
+        if (WaitForSingleObject(process.hProcess, milliseconds) == WAIT_OBJECT_0)
+            GetExitCodeProcess(process.hProcess, &exitCode);
         return exitCode;
     }
 
-private:
-    PROCESS_INFORMATION process_{};
-    bool started_ = false;
+    PROCESS_INFORMATION process{};
+    bool started = false;
 };
 
 TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
@@ -104,7 +94,7 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
 
     TaskDialogWatcher firstRun(L"Materiály potrubí", IDOK);
     StartedProgram program(ProgramPath());
-    ASSERT_TRUE(program.Started());
+    ASSERT_TRUE(program.started);
 
     const TaskDialogWatcher::Seen& seen = firstRun.Wait();
     EXPECT_TRUE(seen.found);
@@ -132,7 +122,7 @@ TEST(Program, SampleHostPicksAMaterialAndAProfile) {
     ReadCatalogue(catalogue, Bytes(std::istreambuf_iterator<char>(file), {}));
 
     StartedProgram program(host);
-    ASSERT_TRUE(program.Started());
+    ASSERT_TRUE(program.started);
     const HWND dialog = WaitForMaterialDialog(10000);
     ASSERT_NE(dialog, nullptr);
     std::wstring picked = ControlText(dialog, IDC_NAME);

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,7 @@ public:
         std::vector<std::wstring> texts;
 
         bool Shows(const std::wstring& text) const {
-            for (const std::wstring& shown : texts) {
-                if (shown == text) return true;
-            }
-            return false;
+            return std::find(texts.begin(), texts.end(), text) != texts.end();
         }
     };
 
@@ -29,15 +27,12 @@ public:
         : watcher_(
               std::move(title),
               [this, buttonId](HWND dialog) {
-                  EnumChildWindows(dialog, CollectText, reinterpret_cast<LPARAM>(&seen_.texts));
+                  seen_.texts = Texts(dialog);
                   PostMessageW(dialog, TDM_CLICK_BUTTON, static_cast<WPARAM>(buttonId), 0);
               },
               ignored,
               [showing](HWND dialog) {
-                  if (showing.empty()) return true;
-                  Seen candidate;
-                  EnumChildWindows(dialog, CollectText, reinterpret_cast<LPARAM>(&candidate.texts));
-                  return candidate.Shows(showing);
+                  return showing.empty() || Seen{true, Texts(dialog)}.Shows(showing);
               }) {}
 
     // Waits for the dialog (ten seconds at most) and returns what it showed.
@@ -45,18 +40,24 @@ public:
         seen_.found = watcher_.Wait();
         return seen_;
     }
-
     const Seen& Stop() {
         seen_.found = watcher_.Stop();
         return seen_;
     }
 
 private:
-    static BOOL CALLBACK CollectText(HWND control, LPARAM texts) {
-        wchar_t text[1024] = {};
-        GetWindowTextW(control, text, 1024);
-        if (text[0] != L'\0') reinterpret_cast<std::vector<std::wstring>*>(texts)->push_back(text);
-        return TRUE;
+    static std::vector<std::wstring> Texts(HWND dialog) {
+        std::vector<std::wstring> texts;
+        EnumChildWindows(
+            dialog,
+            [](HWND control, LPARAM found) -> BOOL {
+                wchar_t text[1024] = {};
+                if (GetWindowTextW(control, text, 1024) > 0)
+                    reinterpret_cast<std::vector<std::wstring>*>(found)->push_back(text);
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&texts));
+        return texts;
     }
 
     Seen seen_;
