@@ -1,17 +1,12 @@
 // The editor's commands on the whole working list: reading other catalogues, OK and leaving.
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
-#include <vector>
 
 #include "Win/CWin32UserMessages.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
-#include "win/DialogWatcher.h"
 #include "win/MaterialEditorHarness.h"
-#include "win/TaskDialogWatcher.h"
 
 namespace {
 

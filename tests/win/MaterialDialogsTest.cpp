@@ -1,26 +1,13 @@
 // The selection dialog, the material editor and the description dialog, driven through their
 // controls under Wine.
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdio>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "Dialogs/TreeListCtrl.h"
 #include "Dialogs/TreeListResources.h"
-#include "Win/WideText.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
-#include "_Velmora/MaterialDialogResources.h"
-#include "_Velmora/QxDlgMatEdituj.h"
 #include "support/FakeRegistryValues.h"
-#include "win/DialogWatcher.h"
-#include "win/GuiHarness.h"
 #include "win/MaterialEditorHarness.h"
-#include "win/MessageBoxWatcher.h"
 
 namespace {
 

@@ -15,8 +15,8 @@
 #include "_Velmora/QxDlgMatEdituj.h"
 #include "support/CatalogueBuilding.h"
 #include "support/ScriptedUserMessages.h"
+#include "win/DialogWatcher.h"
 #include "win/GuiHarness.h"
-#include "win/MessageBoxWatcher.h"
 
 namespace material_dialogs {
 
@@ -64,7 +64,7 @@ protected:
         gui::Pump(dialog);
     }
     // Clicks `id` and answers the message box it shows.
-    MessageBoxWatcher::Seen ClickAnswering(int id, WPARAM answer = IDOK) {
+    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK) {
         MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle());
         Click(id);
         return watcher.Stop();

@@ -21,7 +21,6 @@
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
 #include "win/DialogWatcher.h"
-#include "win/TaskDialogWatcher.h"
 
 namespace {
 
