@@ -167,7 +167,8 @@ TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) 
     EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
     EXPECT_FALSE(editor.HasEnded());
 
-    EditMaterial(*editor.WorkingList().Find(u"PE"), [](MaterialExchangeRecord& record) { record.manufacturer = u"X"; });
+    EditMaterial(*editor.WorkingList().Find(u"PE"),
+                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
     EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_TRUE(std::filesystem::exists(UserFile()));

@@ -8,9 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "Win/WideText.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "_Velmora/QxDlgMatEdituj.h"
 #include "support/CatalogueBuilding.h"
@@ -27,7 +24,6 @@ inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name
     EditMaterial(material, [&](MaterialExchangeRecord& record) {
         record.placement = placement;
         record.medium = medium;
-        record.description = u"Popis " + std::u16string(name);
     });
     return material;
 }
