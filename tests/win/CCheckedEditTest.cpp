@@ -2,8 +2,6 @@
 
 #include "Dialogs/CCheckedEdit.h"
 
-#include <gtest/gtest.h>
-
 #include "win/MaterialEditorHarness.h"
 #include "win/RefusalBeeps.h"
 

@@ -3,13 +3,10 @@
 
 #include "Dialogs/CQxAcDialog.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <climits>
 
 #include "Dialogs/DialogMetrics.h"
-#include "Dialogs/TreeListCtrl.h"
 #include "resource.h"
 #include "win/MaterialEditorHarness.h"
 

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "CQvxFunkce.h"
-#include "win/MessageBoxWatcher.h"
-#include "win/TaskDialogWatcher.h"
+#include "win/DialogWatcher.h"
 
 namespace {
 
@@ -45,7 +44,7 @@ TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
 
 TEST(CWin32UserMessages, SaveQuestionIsAYesNoBox) {
     CWin32UserMessages messages;
-    for (const WPARAM answer : {IDYES, IDNO}) {
+    for (const int answer : {IDYES, IDNO}) {
         MessageBoxWatcher watcher(L"Uložit materiály?", {answer});
         EXPECT_EQ(messages.AskSaveUpdated(), answer == IDYES);
         const MessageBoxWatcher::Seen seen = watcher.Stop();

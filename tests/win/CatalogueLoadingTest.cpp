@@ -1,17 +1,12 @@
 // The editor's commands on the whole working list: reading other catalogues, OK and leaving.
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
-#include <vector>
 
 #include "Win/CWin32UserMessages.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
-#include "win/DialogWatcher.h"
 #include "win/MaterialEditorHarness.h"
-#include "win/TaskDialogWatcher.h"
 
 namespace {
 
@@ -172,7 +167,8 @@ TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) 
     EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
     EXPECT_FALSE(editor.HasEnded());
 
-    EditMaterial(*editor.WorkingList().Find(u"PE"), [](MaterialExchangeRecord& record) { record.manufacturer = u"X"; });
+    EditMaterial(*editor.WorkingList().Find(u"PE"),
+                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
     EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_TRUE(std::filesystem::exists(UserFile()));

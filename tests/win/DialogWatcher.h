@@ -2,10 +2,14 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <string>
 #include <thread>
+#include <vector>
 
 // Waits on a second thread (up to ten seconds) for visible dialogs of this process with the given
 // title and hands each to `answer`, which reads what it shows and closes it: tests can show real
@@ -63,4 +67,91 @@ private:
     std::atomic<bool> stop_{false};
     std::atomic<int> answered_{0};
     std::thread thread_;  // last: it starts at once
+};
+
+// Answers the dialogs of this process with the given title one after the other with the given
+// buttons (`clickMessage` with a button's id presses it), recording what each shows. With
+// `showing`, only the dialogs that show that text are answered.
+class DialogAnswers {
+public:
+    struct Seen {
+        bool found = false;
+        std::wstring text;                // a message box's text
+        std::vector<std::wstring> texts;  // the texts of every control
+        HICON icon = nullptr;
+        HWND owner = nullptr;
+
+        bool Shows(const std::wstring& shown) const {
+            return std::find(texts.begin(), texts.end(), shown) != texts.end();
+        }
+    };
+
+    DialogAnswers(std::wstring title, std::vector<int> buttons, HWND ignored, std::wstring showing, UINT clickMessage)
+        : buttons_(std::move(buttons)),
+          watcher_(
+              std::move(title),
+              [this, clickMessage](HWND dialog) {
+                  seen_.push_back(Read(dialog));
+                  PostMessageW(dialog, clickMessage, static_cast<WPARAM>(buttons_[seen_.size() - 1]), 0);
+              },
+              ignored, [showing](HWND dialog) { return showing.empty() || Read(dialog).Shows(showing); },
+              static_cast<int>(buttons_.size())) {}
+
+    // Waits until every dialog was answered or ten seconds passed; returns what the first showed.
+    Seen Wait() {
+        watcher_.Wait();
+        return seen_.empty() ? Seen{} : seen_.front();
+    }
+    // Stops watching (a dialog shown later is not answered); returns what the first showed, with
+    // `found` false when none was shown.
+    Seen Stop() {
+        watcher_.Stop();
+        return seen_.empty() ? Seen{} : seen_.front();
+    }
+    // Stops watching and returns the texts of the message boxes answered, in order.
+    std::vector<std::wstring> Texts() {
+        watcher_.Stop();
+        std::vector<std::wstring> texts;
+        for (const Seen& seen : seen_) texts.push_back(seen.text);
+        return texts;
+    }
+
+private:
+    static Seen Read(HWND dialog) {
+        Seen seen;
+        seen.found = true;
+        wchar_t text[1024] = {};
+        GetDlgItemTextW(dialog, 0xFFFF, text, 1024);  // a message box's text control
+        seen.text = text;
+        seen.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0));
+        seen.owner = GetWindow(dialog, GW_OWNER);
+        EnumChildWindows(
+            dialog,
+            [](HWND control, LPARAM texts) -> BOOL {
+                wchar_t shown[1024] = {};
+                if (GetWindowTextW(control, shown, 1024) > 0) {
+                    reinterpret_cast<std::vector<std::wstring>*>(texts)->push_back(shown);
+                }
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&seen.texts));
+        return seen;
+    }
+
+    std::vector<int> buttons_;
+    std::vector<Seen> seen_;
+    DialogWatcher watcher_;  // last: its thread may fill seen_ at once
+};
+
+// Answers message boxes (one with OK unless told).
+struct MessageBoxWatcher : DialogAnswers {
+    explicit MessageBoxWatcher(std::wstring caption, std::vector<int> answers = {IDOK}, HWND ignored = nullptr)
+        : DialogAnswers(std::move(caption), std::move(answers), ignored, {}, WM_COMMAND) {}
+};
+
+// Answers a task dialog by pressing the button of `buttonId`; with `showing`, only the one that
+// shows that text.
+struct TaskDialogWatcher : DialogAnswers {
+    TaskDialogWatcher(std::wstring title, int buttonId, HWND ignored = nullptr, std::wstring showing = {})
+        : DialogAnswers(std::move(title), {buttonId}, ignored, std::move(showing), TDM_CLICK_BUTTON) {}
 };

@@ -27,37 +27,26 @@ namespace {
 
 constexpr const wchar_t* kFolderValues[] = {L"CommonInstallPath", L"CommonDataPath"};
 
-HWND MaterialList(HWND dialog) {
-    return GetDlgItem(dialog, IDC_MATERIAL_LIST);
-}
-
-// Selects the row showing `name`, as a click on it would; false when no row shows it.
-bool SelectMaterialRow(HWND dialog, const std::wstring& name) {
-    const HWND list = MaterialList(dialog);
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        wchar_t text[64] = {};
-        ListView_GetItemText(list, row, 0, text, 64);
-        if (name == text) {
-            ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-            ListView_SetSelectionMark(list, row);
-            return true;
-        }
-    }
-    return false;
-}
-
 void Press(HWND dialog, int button) {
     PostMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
 }
 
-// Selects the row of `name` and presses `button`; a missing row fails the test and cancels, so
-// that the dialog does not wait for a user who is not there.
+// Selects the row showing `name`, as a click on it would, and presses `button` (none: 0). A
+// missing row fails the test and cancels, so that the dialog does not wait for a user who is not
+// there.
 void Choose(HWND dialog, const std::wstring& name, int button = IDOK) {
-    if (!SelectMaterialRow(dialog, name)) {
-        ADD_FAILURE() << "no row shows " << std::string(name.begin(), name.end());
-        button = IDCANCEL;
+    const HWND list = GetDlgItem(dialog, IDC_MATERIAL_LIST);
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        wchar_t text[64] = {};
+        ListView_GetItemText(list, row, 0, text, 64);
+        if (name != text) continue;
+        ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        ListView_SetSelectionMark(list, row);
+        if (button != 0) Press(dialog, button);
+        return;
     }
-    Press(dialog, button);
+    ADD_FAILURE() << "no row shows " << std::string(name.begin(), name.end());
+    Press(dialog, IDCANCEL);
 }
 
 // Whether version 6 of the common controls (a side-by-side assembly) is loaded in this process:
@@ -72,11 +61,6 @@ bool CommonControls6Loaded() {
         if (std::wstring(path).find(L"common-controls_6595b64144ccf1df_6.") != std::wstring::npos) return true;
     }
     return false;
-}
-
-Bytes FileBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
 // A catalogue of three materials as the user's, in a folder that the machine's folder values name,
@@ -127,7 +111,7 @@ TEST_F(HostEntry, PicksAMaterialAndOneOfItsProfiles) {
     bool waterFilterShown = false;
     const int result = Select(true, VELMORA_NAME_SIZE, [&](HWND dialog) {
         waterFilterShown = IsDlgButtonChecked(dialog, IDC_FILTER_WATER) == BST_CHECKED;
-        if (!SelectMaterialRow(dialog, L"PE 100")) return Press(dialog, IDCANCEL);
+        Choose(dialog, L"PE 100", 0);
         const HWND profiles = GetDlgItem(dialog, CTreeListCtrl::kControlId);
         TreeView_SelectItem(profiles, TreeView_GetNextSibling(profiles, TreeView_GetRoot(profiles)));
         Press(dialog, IDOK);  // "Vyber"
@@ -168,12 +152,13 @@ TEST_F(HostEntry, EditorsOkChangesTheCatalogueAndTheUsersFile) {
 
     int rows = 0;
     Select(false, VELMORA_NAME_SIZE, [&](HWND dialog) {
-        rows = ListView_GetItemCount(MaterialList(dialog));
+        rows = ListView_GetItemCount(GetDlgItem(dialog, IDC_MATERIAL_LIST));
         Press(dialog, IDCANCEL);
     });
     EXPECT_EQ(rows, 2);
+    std::ifstream file(folder.Path() / "Velmora" / "Potrubi.qxp", std::ios::binary);
     CQvxSezMaterialu saved;
-    ReadCatalogue(saved, FileBytes(folder.Path() / "Velmora" / "Potrubi.qxp"));
+    ReadCatalogue(saved, Bytes(std::istreambuf_iterator<char>(file), {}));
     EXPECT_EQ(saved.Count(), 2u);
     EXPECT_EQ(saved.Find(u"Beton"), nullptr);
 }

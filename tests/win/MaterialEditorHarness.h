@@ -8,15 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "Win/WideText.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "_Velmora/QxDlgMatEdituj.h"
 #include "support/CatalogueBuilding.h"
 #include "support/ScriptedUserMessages.h"
+#include "win/DialogWatcher.h"
 #include "win/GuiHarness.h"
-#include "win/MessageBoxWatcher.h"
 
 namespace material_dialogs {
 
@@ -27,7 +24,6 @@ inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name
     EditMaterial(material, [&](MaterialExchangeRecord& record) {
         record.placement = placement;
         record.medium = medium;
-        record.description = u"Popis " + std::u16string(name);
     });
     return material;
 }
@@ -64,7 +60,7 @@ protected:
         gui::Pump(dialog);
     }
     // Clicks `id` and answers the message box it shows.
-    MessageBoxWatcher::Seen ClickAnswering(int id, WPARAM answer = IDOK) {
+    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK) {
         MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle());
         Click(id);
         return watcher.Stop();

@@ -1,17 +1,12 @@
 // The editor's profile pane and the DN range dialog, driven through the tree-list's messages and
 // its in-place editor under Wine.
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <utility>
-#include <vector>
 
-#include "Dialogs/CCheckedEdit.h"
 #include "Dialogs/TreeListEditRules.h"
 #include "_Velmora/ProfileEditRules.h"
 #include "_Velmora/QxDlgGetDN.h"
-#include "win/DialogWatcher.h"
 #include "win/MaterialEditorHarness.h"
 
 namespace {

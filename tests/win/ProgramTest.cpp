@@ -2,10 +2,6 @@
 // Wine prefixes of their own: first_run.sh makes one with the four folder values and only the
 // standard catalogue; install.sh installs the program there with its installer.
 
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -16,12 +12,10 @@
 
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxProfil.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
 #include "win/DialogWatcher.h"
-#include "win/TaskDialogWatcher.h"
 
 namespace {
 
@@ -138,14 +132,10 @@ TEST(Program, SampleHostPicksAMaterialAndAProfile) {
     }
     ASSERT_TRUE(material != nullptr && !material->Profiles().empty()) << "no material with profiles near the top";
 
-    std::wstring shown;
-    DialogWatcher result(L"Vybraný materiál", [&](HWND box) {
-        shown = ControlText(box, 0xFFFF);  // the box's text
-        PostMessageW(box, WM_COMMAND, IDOK, 0);
-    });
+    MessageBoxWatcher result(L"Vybraný materiál");
     PostMessageW(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);  // "Vyber"
-    EXPECT_TRUE(result.Wait());
-    EXPECT_EQ(shown, L"Materiál: " + picked + L"\nIndex DN: " + std::to_wstring(material->Profiles().begin()->first));
+    EXPECT_EQ(result.Wait().text,
+              L"Materiál: " + picked + L"\nIndex DN: " + std::to_wstring(material->Profiles().begin()->first));
     EXPECT_EQ(program.WaitForExit(10000), 0u);
 }
 
