@@ -20,13 +20,20 @@ class DialogWatcher {
 public:
     DialogWatcher(std::wstring title, std::function<void(HWND)> answer, HWND ignored = nullptr,
                   std::function<bool(HWND)> accepts = nullptr, int count = 1)
-        : title_(std::move(title)),
-          answer_(std::move(answer)),
-          ignored_(ignored),
-          accepts_(std::move(accepts)),
-          count_(count) {
-        thread_ = std::thread([this] { Watch(); });
-    }
+        : thread_([=, this] {
+              HWND previous = nullptr;
+              for (int attempt = 0; attempt < 500 && !stop_ && answered_ < count; ++attempt, Sleep(20)) {
+                  for (HWND dialog = FindWindowExW(nullptr, nullptr, L"#32770", title.c_str()); dialog != nullptr;
+                       dialog = FindWindowExW(nullptr, dialog, L"#32770", title.c_str())) {
+                      if (dialog == ignored || dialog == previous || !IsWindowVisible(dialog)) continue;
+                      if (accepts && !accepts(dialog)) continue;
+                      answer(dialog);
+                      previous = dialog;
+                      ++answered_;
+                      break;
+                  }
+              }
+          }) {}
     ~DialogWatcher() { Stop(); }
 
     // Waits until `count` dialogs were answered or the ten seconds are over; true when any was.
@@ -34,7 +41,6 @@ public:
         if (thread_.joinable()) thread_.join();
         return answered_ > 0;
     }
-
     // Stops watching (a dialog shown later is not answered); true when any was answered.
     bool Stop() {
         stop_ = true;
@@ -42,28 +48,6 @@ public:
     }
 
 private:
-    void Watch() {
-        HWND previous = nullptr;
-        for (int attempt = 0; attempt < 500 && !stop_ && answered_ < count_; ++attempt) {
-            for (HWND dialog = FindWindowExW(nullptr, nullptr, L"#32770", title_.c_str()); dialog != nullptr;
-                 dialog = FindWindowExW(nullptr, dialog, L"#32770", title_.c_str())) {
-                if (dialog != ignored_ && dialog != previous && IsWindowVisible(dialog) &&
-                    (!accepts_ || accepts_(dialog))) {
-                    answer_(dialog);
-                    previous = dialog;
-                    ++answered_;
-                    break;
-                }
-            }
-            Sleep(20);
-        }
-    }
-
-    std::wstring title_;
-    std::function<void(HWND)> answer_;
-    HWND ignored_;
-    std::function<bool(HWND)> accepts_;
-    int count_;
     std::atomic<bool> stop_{false};
     std::atomic<int> answered_{0};
     std::thread thread_;  // last: it starts at once

@@ -23,15 +23,6 @@ public:
 };
 [[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
-// A key's press and release through the input queue.
-void SendKey(WORD virtualKey, WORD character, DWORD flags) {
-    INPUT keys[2] = {};
-    keys[0].type = keys[1].type = INPUT_KEYBOARD;
-    keys[0].ki = {virtualKey, character, flags, 0, 0};
-    keys[1].ki = {virtualKey, character, flags | KEYEVENTF_KEYUP, 0, 0};
-    SendInput(2, keys, sizeof(INPUT));
-}
-
 // A 32-bit picture stored from its top row down.
 BITMAPINFOHEADER PictureHeader(int width, int height) {
     return {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
@@ -83,12 +74,14 @@ void PressKey(HWND window, UINT virtualKey) {
     SendMessageW(window, WM_KEYUP, virtualKey, scanCode | 1 | (LPARAM{3} << 30));
 }
 
-void RealKey(UINT virtualKey) {
-    SendKey(static_cast<WORD>(virtualKey), 0, 0);
-}
-
 void RealType(std::u16string_view characters) {
-    for (const char16_t character : characters) SendKey(0, character, KEYEVENTF_UNICODE);
+    for (const char16_t character : characters) {
+        INPUT keys[2] = {};
+        keys[0].type = keys[1].type = INPUT_KEYBOARD;
+        keys[0].ki = {0, character, KEYEVENTF_UNICODE, 0, 0};
+        keys[1].ki = {0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP, 0, 0};
+        SendInput(2, keys, sizeof(INPUT));
+    }
 }
 
 void RealClick(POINT screenPoint) {
@@ -123,12 +116,12 @@ std::vector<Balloon> VisibleBalloons() {
 ClientPicture::ClientPicture(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
-    width_ = client.right;
-    height_ = client.bottom;
-    for (const RGBQUAD pixel : Picture(width_, height_, [window](HDC dc) {
+    width = client.right;
+    height = client.bottom;
+    for (const RGBQUAD pixel : Picture(width, height, [window](HDC dc) {
              SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
          })) {
-        pixels_.push_back(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
+        pixels.push_back(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
     }
 }
 

@@ -25,23 +25,23 @@ protected:
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
-    std::vector<HTREEITEM> Rows() const {
-        std::vector<HTREEITEM> rows;
+    // The pane's rows from the top, with the DN index of each row's profile.
+    std::vector<std::pair<int, HTREEITEM>> Rows() const {
+        std::vector<std::pair<int, HTREEITEM>> rows;
         for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row; row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            rows.push_back(row);
+            rows.emplace_back(reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(), row);
         }
         return rows;
     }
-    int DnOf(HTREEITEM row) const { return reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(); }
     HTREEITEM RowOf(int dnIndex) const {
-        for (const HTREEITEM row : Rows()) {
-            if (DnOf(row) == dnIndex) return row;
+        for (const auto& [dn, row] : Rows()) {
+            if (dn == dnIndex) return row;
         }
         return nullptr;
     }
     std::vector<int> RowDns() const {
         std::vector<int> dns;
-        for (const HTREEITEM row : Rows()) dns.push_back(DnOf(row));
+        for (const auto& row : Rows()) dns.push_back(row.first);
         return dns;
     }
     // Selects the first material row anew, as a click on it does.
@@ -76,7 +76,7 @@ protected:
     std::u16string startText;
 };
 
-TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
+TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAreStored) {
     CQvxMaterial& pe = OpenWith({3, 4});
     EXPECT_EQ(Pane().CellText(RowOf(4), kDnColumn), u"");  // the owner supplies every cell
     SelectProfile(3);
@@ -84,23 +84,7 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
     EXPECT_NE(pe.FindProfile(5), nullptr);
 
-    // Selecting the row again refills the pane before the old rows could be drawn.
-    pe.GenerateSeries(0, kDnCount - 1);
-    ReselectFirstMaterial();
-    ASSERT_EQ(RowDns().size(), 28u);
-    EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
-    SelectProfile(20);
-    {
-        MessageBoxWatcher boxes(kCaption, {IDYES, IDOK}, editor.Handle());
-        Click(IDC_PROFILE_ADD);
-        EXPECT_EQ(boxes.Texts(), (std::vector<std::wstring>{L"Nelze přidat již další DN, přidat od začátku?",
-                                                            L"Nelze přidat již další DN !!"}));
-    }
-    EXPECT_EQ(pe.Profiles().size(), 28u);
-}
-
-TEST_F(ProfilePaneEditor, PriceListCodeIsStoredWhenTheSelectionMoves) {
-    CQvxMaterial& pe = OpenWith({3, 4});
+    // The price-list codes are stored when the selection moves on.
     SelectProfile(3);
     gui::SetText(Control(IDC_URS_INSTALL), u"M1");
     gui::SetText(Control(IDC_URS_MATERIAL), u"K123");
@@ -116,6 +100,20 @@ TEST_F(ProfilePaneEditor, PriceListCodeIsStoredWhenTheSelectionMoves) {
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
     EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
+
+    // Selecting the row again refills the pane before the old rows could be drawn.
+    pe.GenerateSeries(0, kDnCount - 1);
+    ReselectFirstMaterial();
+    ASSERT_EQ(RowDns().size(), 28u);
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
+    SelectProfile(20);
+    {
+        MessageBoxWatcher boxes(kCaption, {IDYES, IDOK}, editor.Handle());
+        Click(IDC_PROFILE_ADD);
+        EXPECT_EQ(boxes.Texts(), (std::vector<std::wstring>{L"Nelze přidat již další DN, přidat od začátku?",
+                                                            L"Nelze přidat již další DN !!"}));
+    }
+    EXPECT_EQ(pe.Profiles().size(), 28u);
 }
 
 // The cell's editor starts from the owner's text and checks as it is typed; the owner refuses a
@@ -163,8 +161,9 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
 }
 
 // A digit typed into a selected number cell starts its edit. Left at the start of the text stays
-// in the editor, unless the pane has the style that lets the arrows leave it.
-TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditAndLeftLeavesOnlyWithTheArrowStyle) {
+// in the editor, unless the pane has the style that lets the arrows leave it. The current cell is
+// painted as such.
+TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyleAndTheCellIsPainted) {
     OpenWith({kDn80, kDn100});
     SetForegroundWindow(editor.Handle());
     Pane().SelectCell(RowOf(kDn80), kOuterColumn);
@@ -183,11 +182,8 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditAndLeftLeavesOnlyWithTheArrowS
         EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !arrows) << arrows;
         EXPECT_EQ(Pane().GetCurrentColumn(), arrows ? kOuterColumn : kWallColumn) << arrows;
     }
-}
 
-// With the pane not focused the current cell shows in the button face colour, within grid lines.
-TEST_F(ProfilePaneEditor, PaintsGridLinesAndTheCurrentCell) {
-    OpenWith({kDn80, kDn100});
+    // With the pane not focused the current cell shows in the button face colour, within grid lines.
     Pane().SelectCell(RowOf(kDn100), kWallColumn);
     SetFocus(Control(IDC_MATERIAL_LIST));
     const RECT row = RowRect(kDn100);
