@@ -61,7 +61,7 @@ public:
     struct Seen {
         bool found = false;
         std::wstring text;                // a message box's text
-        std::vector<std::wstring> texts;  // the texts of every control
+        std::vector<std::wstring> texts;  // the texts of its controls
         HICON icon = nullptr;
         HWND owner = nullptr;
 
@@ -82,16 +82,10 @@ public:
               static_cast<int>(buttons_.size())) {}
 
     // Waits until every dialog was answered or ten seconds passed; returns what the first showed.
-    Seen Wait() {
-        watcher_.Wait();
-        return seen_.empty() ? Seen{} : seen_.front();
-    }
+    Seen Wait() { return watcher_.Wait() ? seen_.front() : Seen{}; }
     // Stops watching (a dialog shown later is not answered); returns what the first showed, with
     // `found` false when none was shown.
-    Seen Stop() {
-        watcher_.Stop();
-        return seen_.empty() ? Seen{} : seen_.front();
-    }
+    Seen Stop() { return watcher_.Stop() ? seen_.front() : Seen{}; }
     // Stops watching and returns the texts of the message boxes answered, in order.
     std::vector<std::wstring> Texts() {
         watcher_.Stop();
@@ -109,16 +103,10 @@ private:
         seen.text = text;
         seen.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0));
         seen.owner = GetWindow(dialog, GW_OWNER);
-        EnumChildWindows(
-            dialog,
-            [](HWND control, LPARAM texts) -> BOOL {
-                wchar_t shown[1024] = {};
-                if (GetWindowTextW(control, shown, 1024) > 0) {
-                    reinterpret_cast<std::vector<std::wstring>*>(texts)->push_back(shown);
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&seen.texts));
+        for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            if (GetWindowTextW(control, text, 1024) > 0) seen.texts.push_back(text);
+        }
         return seen;
     }
 

@@ -49,11 +49,11 @@ std::vector<RGBQUAD> Picture(int width, int height, const std::function<void(HDC
 BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     wchar_t className[64] = {};
     GetClassNameW(window, className, 64);
-    if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
-    if ((GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) == 0) return TRUE;
-    Balloon balloon{true, Text(window), {}};
-    GetWindowRect(window, &balloon.rect);
-    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(balloon);
+    const bool balloon = (GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) != 0;
+    if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window) || !balloon) return TRUE;
+    Balloon shown{true, Text(window), {}};
+    GetWindowRect(window, &shown.rect);
+    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(shown);
     return TRUE;
 }
 
@@ -142,10 +142,9 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     // Under Wine a Linux folder is reached through drive Z:.
     const std::wstring path = (folder[0] == L'/' ? L"Z:" : L"") + std::wstring(folder) + L"\\" + name + L".bmp";
     std::ofstream out(std::filesystem::path(path), std::ios::binary);
-    out.write(reinterpret_cast<const char*>(&file), sizeof(file));
-    out.write(reinterpret_cast<const char*>(&header), sizeof(header));
-    out.write(reinterpret_cast<const char*>(pixels.data()), imageSize);
-    return out ? path : std::wstring();
+    out.write(reinterpret_cast<const char*>(&file), sizeof(file))
+        .write(reinterpret_cast<const char*>(&header), sizeof(header));
+    return out.write(reinterpret_cast<const char*>(pixels.data()), imageSize) ? path : std::wstring();
 }
 
 }  // namespace gui

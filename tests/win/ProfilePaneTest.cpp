@@ -118,7 +118,7 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAr
 
 // The cell's editor starts from the owner's text and checks as it is typed; the owner refuses a
 // number outside the DN's band. Enter and a click elsewhere commit, Escape discards.
-TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
+TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     CQvxMaterial& pe = OpenWith({kDn80, kDn100});
     CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     dn100.SetDimensions(100, 5);
@@ -158,6 +158,30 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
     gui::PressKey(Editor(), VK_ESCAPE);
     EXPECT_FALSE(IsWindowVisible(Editor()));
     EXPECT_FLOAT_EQ(dn100.Wall(), 18.75f);
+
+    // The DN's drop-down list offers every DN and moves the profile only to a free one.
+    const auto choose = [&](int dnIndex, int choice) {
+        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
+        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
+        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
+        gui::PressKey(combo, VK_DOWN);
+        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
+        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(combo));
+        gui::PressKey(combo, VK_RETURN);
+        gui::Pump(editor);
+    };
+    choose(kDn80, kDn125);
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
+    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
+
+    MessageBoxWatcher silence(kCaption, {IDOK}, editor.Handle());
+    choose(kDn100, kDn125);  // taken: nothing changes, nothing is said
+    EXPECT_FALSE(silence.Stop().found);
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
+    EXPECT_NE(pe.FindProfile(kDn100), nullptr);
 }
 
 // A digit typed into a selected number cell starts its edit. Left at the start of the text stays
@@ -202,32 +226,6 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
     EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
     EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
     EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
-}
-
-TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
-    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
-    const auto choose = [&](int dnIndex, int choice) {
-        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
-        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
-        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
-        gui::PressKey(combo, VK_DOWN);
-        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
-        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
-        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
-        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(combo));
-        gui::PressKey(combo, VK_RETURN);
-        gui::Pump(editor);
-    };
-    choose(kDn80, kDn125);
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
-
-    MessageBoxWatcher silence(kCaption, {IDOK}, editor.Handle());
-    choose(kDn100, kDn125);  // taken: nothing changes, nothing is said
-    EXPECT_FALSE(silence.Stop().found);
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-    EXPECT_NE(pe.FindProfile(kDn100), nullptr);
 }
 
 TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection) {

@@ -47,8 +47,7 @@ HWND WaitForMaterialDialog() {
 // A control's text; WM_GETTEXT reaches controls of other processes too.
 std::wstring ControlText(HWND dialog, int id) {
     wchar_t text[256] = {};
-    GetDlgItemTextW(dialog, id, text, 256);
-    return text;
+    return GetDlgItemTextW(dialog, id, text, 256) > 0 ? text : L"";
 }
 
 // A program started as Explorer starts it, ended when a test leaves it running.
