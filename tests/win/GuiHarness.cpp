@@ -130,11 +130,12 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     if (GetEnvironmentVariableW(L"VELMORA_SCREENSHOT_DIR", folder, MAX_PATH) == 0) return {};
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
-    const std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
+    std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
         const HDC screen = GetDC(nullptr);
         BitBlt(dc, 0, 0, width, height, screen, 0, 0, SRCCOPY);
         ReleaseDC(nullptr, screen);
     });
+    for (RGBQUAD& pixel : pixels) pixel.rgbReserved = 0xFF;  // opaque for viewers that read the fourth byte
     const BITMAPINFOHEADER header = PictureHeader(width, height);
     const auto imageSize = static_cast<DWORD>(pixels.size() * sizeof(RGBQUAD));
     constexpr DWORD kOffset = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
