@@ -7,8 +7,9 @@
 
 namespace {
 
-// The exception box and the file-error box: Czech text and caption, icon, no owner.
-TEST(CWin32UserMessages, FailureBoxesShowTheCzechTextUnderTheirCaptions) {
+// The exception box, the file-error box and the yes/no question whether to save: Czech text and
+// caption, icon, no owner.
+TEST(CWin32UserMessages, BoxesShowTheCzechTextUnderTheirCaptions) {
     CWin32UserMessages messages;
     CUserMessagesScope installed(messages);
     MessageBoxWatcher exception(L"Program vyvolal výjimku");
@@ -24,6 +25,14 @@ TEST(CWin32UserMessages, FailureBoxesShowTheCzechTextUnderTheirCaptions) {
     const MessageBoxWatcher::Seen error = fileError.Stop();
     EXPECT_EQ(error.text, L"Chyba při čtení ze souboru");
     EXPECT_EQ(error.icon, LoadIconW(nullptr, IDI_ERROR));
+
+    for (const int answer : {IDYES, IDNO}) {
+        MessageBoxWatcher watcher(L"Uložit materiály?", {answer});
+        EXPECT_EQ(messages.AskSaveUpdated(), answer == IDYES);
+        const MessageBoxWatcher::Seen seen = watcher.Stop();
+        EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
+        EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
+    }
 }
 
 TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
@@ -39,17 +48,6 @@ TEST(CWin32UserMessages, OverwriteQuestionAnswersWithTheBitOfEachButton) {
             EXPECT_TRUE(seen.Shows(text)) << text;
         }
         EXPECT_FALSE(seen.Shows(L"Zrušit"));
-    }
-}
-
-TEST(CWin32UserMessages, SaveQuestionIsAYesNoBox) {
-    CWin32UserMessages messages;
-    for (const int answer : {IDYES, IDNO}) {
-        MessageBoxWatcher watcher(L"Uložit materiály?", {answer});
-        EXPECT_EQ(messages.AskSaveUpdated(), answer == IDYES);
-        const MessageBoxWatcher::Seen seen = watcher.Stop();
-        EXPECT_EQ(seen.text, L"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?");
-        EXPECT_EQ(seen.icon, LoadIconW(nullptr, IDI_QUESTION));
     }
 }
 

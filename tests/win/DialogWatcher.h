@@ -20,13 +20,20 @@ class DialogWatcher {
 public:
     DialogWatcher(std::wstring title, std::function<void(HWND)> answer, HWND ignored = nullptr,
                   std::function<bool(HWND)> accepts = nullptr, int count = 1)
-        : title_(std::move(title)),
-          answer_(std::move(answer)),
-          ignored_(ignored),
-          accepts_(std::move(accepts)),
-          count_(count) {
-        thread_ = std::thread([this] { Watch(); });
-    }
+        : thread_([=, this] {
+              HWND previous = nullptr;
+              for (int attempt = 0; attempt < 500 && !stop_ && answered_ < count; ++attempt, Sleep(20)) {
+                  for (HWND dialog = FindWindowExW(nullptr, nullptr, L"#32770", title.c_str()); dialog != nullptr;
+                       dialog = FindWindowExW(nullptr, dialog, L"#32770", title.c_str())) {
+                      if (dialog == ignored || dialog == previous || !IsWindowVisible(dialog)) continue;
+                      if (accepts && !accepts(dialog)) continue;
+                      answer(dialog);
+                      previous = dialog;
+                      ++answered_;
+                      break;
+                  }
+              }
+          }) {}
     ~DialogWatcher() { Stop(); }
 
     // Waits until `count` dialogs were answered or the ten seconds are over; true when any was.
@@ -34,7 +41,6 @@ public:
         if (thread_.joinable()) thread_.join();
         return answered_ > 0;
     }
-
     // Stops watching (a dialog shown later is not answered); true when any was answered.
     bool Stop() {
         stop_ = true;
@@ -42,28 +48,6 @@ public:
     }
 
 private:
-    void Watch() {
-        HWND previous = nullptr;
-        for (int attempt = 0; attempt < 500 && !stop_ && answered_ < count_; ++attempt) {
-            for (HWND dialog = FindWindowExW(nullptr, nullptr, L"#32770", title_.c_str()); dialog != nullptr;
-                 dialog = FindWindowExW(nullptr, dialog, L"#32770", title_.c_str())) {
-                if (dialog != ignored_ && dialog != previous && IsWindowVisible(dialog) &&
-                    (!accepts_ || accepts_(dialog))) {
-                    answer_(dialog);
-                    previous = dialog;
-                    ++answered_;
-                    break;
-                }
-            }
-            Sleep(20);
-        }
-    }
-
-    std::wstring title_;
-    std::function<void(HWND)> answer_;
-    HWND ignored_;
-    std::function<bool(HWND)> accepts_;
-    int count_;
     std::atomic<bool> stop_{false};
     std::atomic<int> answered_{0};
     std::thread thread_;  // last: it starts at once
@@ -77,7 +61,7 @@ public:
     struct Seen {
         bool found = false;
         std::wstring text;                // a message box's text
-        std::vector<std::wstring> texts;  // the texts of every control
+        std::vector<std::wstring> texts;  // the texts of its controls
         HICON icon = nullptr;
         HWND owner = nullptr;
 
@@ -98,16 +82,10 @@ public:
               static_cast<int>(buttons_.size())) {}
 
     // Waits until every dialog was answered or ten seconds passed; returns what the first showed.
-    Seen Wait() {
-        watcher_.Wait();
-        return seen_.empty() ? Seen{} : seen_.front();
-    }
+    Seen Wait() { return watcher_.Wait() ? seen_.front() : Seen{}; }
     // Stops watching (a dialog shown later is not answered); returns what the first showed, with
     // `found` false when none was shown.
-    Seen Stop() {
-        watcher_.Stop();
-        return seen_.empty() ? Seen{} : seen_.front();
-    }
+    Seen Stop() { return watcher_.Stop() ? seen_.front() : Seen{}; }
     // Stops watching and returns the texts of the message boxes answered, in order.
     std::vector<std::wstring> Texts() {
         watcher_.Stop();
@@ -125,16 +103,10 @@ private:
         seen.text = text;
         seen.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0));
         seen.owner = GetWindow(dialog, GW_OWNER);
-        EnumChildWindows(
-            dialog,
-            [](HWND control, LPARAM texts) -> BOOL {
-                wchar_t shown[1024] = {};
-                if (GetWindowTextW(control, shown, 1024) > 0) {
-                    reinterpret_cast<std::vector<std::wstring>*>(texts)->push_back(shown);
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&seen.texts));
+        for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            if (GetWindowTextW(control, text, 1024) > 0) seen.texts.push_back(text);
+        }
         return seen;
     }
 

@@ -23,15 +23,6 @@ public:
 };
 [[maybe_unused]] ::testing::Environment* const commonControls = ::testing::AddGlobalTestEnvironment(new CommonControls);
 
-// A key's press and release through the input queue.
-void SendKey(WORD virtualKey, WORD character, DWORD flags) {
-    INPUT keys[2] = {};
-    keys[0].type = keys[1].type = INPUT_KEYBOARD;
-    keys[0].ki = {virtualKey, character, flags, 0, 0};
-    keys[1].ki = {virtualKey, character, flags | KEYEVENTF_KEYUP, 0, 0};
-    SendInput(2, keys, sizeof(INPUT));
-}
-
 // A 32-bit picture stored from its top row down.
 BITMAPINFOHEADER PictureHeader(int width, int height) {
     return {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
@@ -58,11 +49,11 @@ std::vector<RGBQUAD> Picture(int width, int height, const std::function<void(HDC
 BOOL CALLBACK CollectBalloon(HWND window, LPARAM found) {
     wchar_t className[64] = {};
     GetClassNameW(window, className, 64);
-    if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
-    if ((GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) == 0) return TRUE;
-    Balloon balloon{true, Text(window), {}};
-    GetWindowRect(window, &balloon.rect);
-    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(balloon);
+    const bool balloon = (GetWindowLongW(window, GWL_STYLE) & TTS_BALLOON) != 0;
+    if (lstrcmpiW(className, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window) || !balloon) return TRUE;
+    Balloon shown{true, Text(window), {}};
+    GetWindowRect(window, &shown.rect);
+    reinterpret_cast<std::vector<Balloon>*>(found)->push_back(shown);
     return TRUE;
 }
 
@@ -83,12 +74,14 @@ void PressKey(HWND window, UINT virtualKey) {
     SendMessageW(window, WM_KEYUP, virtualKey, scanCode | 1 | (LPARAM{3} << 30));
 }
 
-void RealKey(UINT virtualKey) {
-    SendKey(static_cast<WORD>(virtualKey), 0, 0);
-}
-
 void RealType(std::u16string_view characters) {
-    for (const char16_t character : characters) SendKey(0, character, KEYEVENTF_UNICODE);
+    for (const char16_t character : characters) {
+        INPUT keys[2] = {};
+        keys[0].type = keys[1].type = INPUT_KEYBOARD;
+        keys[0].ki = {0, character, KEYEVENTF_UNICODE, 0, 0};
+        keys[1].ki = {0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP, 0, 0};
+        SendInput(2, keys, sizeof(INPUT));
+    }
 }
 
 void RealClick(POINT screenPoint) {
@@ -123,12 +116,12 @@ std::vector<Balloon> VisibleBalloons() {
 ClientPicture::ClientPicture(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
-    width_ = client.right;
-    height_ = client.bottom;
-    for (const RGBQUAD pixel : Picture(width_, height_, [window](HDC dc) {
+    width = client.right;
+    height = client.bottom;
+    for (const RGBQUAD pixel : Picture(width, height, [window](HDC dc) {
              SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
          })) {
-        pixels_.push_back(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
+        pixels.push_back(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
     }
 }
 
@@ -137,11 +130,12 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     if (GetEnvironmentVariableW(L"VELMORA_SCREENSHOT_DIR", folder, MAX_PATH) == 0) return {};
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
-    const std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
+    std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
         const HDC screen = GetDC(nullptr);
         BitBlt(dc, 0, 0, width, height, screen, 0, 0, SRCCOPY);
         ReleaseDC(nullptr, screen);
     });
+    for (RGBQUAD& pixel : pixels) pixel.rgbReserved = 0xFF;  // opaque for viewers that read the fourth byte
     const BITMAPINFOHEADER header = PictureHeader(width, height);
     const auto imageSize = static_cast<DWORD>(pixels.size() * sizeof(RGBQUAD));
     constexpr DWORD kOffset = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
@@ -149,10 +143,9 @@ std::wstring SaveScreenshot(const std::wstring& name) {
     // Under Wine a Linux folder is reached through drive Z:.
     const std::wstring path = (folder[0] == L'/' ? L"Z:" : L"") + std::wstring(folder) + L"\\" + name + L".bmp";
     std::ofstream out(std::filesystem::path(path), std::ios::binary);
-    out.write(reinterpret_cast<const char*>(&file), sizeof(file));
-    out.write(reinterpret_cast<const char*>(&header), sizeof(header));
-    out.write(reinterpret_cast<const char*>(pixels.data()), imageSize);
-    return out ? path : std::wstring();
+    out.write(reinterpret_cast<const char*>(&file), sizeof(file))
+        .write(reinterpret_cast<const char*>(&header), sizeof(header));
+    return out.write(reinterpret_cast<const char*>(pixels.data()), imageSize) ? path : std::wstring();
 }
 
 }  // namespace gui

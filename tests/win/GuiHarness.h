@@ -25,7 +25,6 @@ inline void Type(HWND window, std::u16string_view characters) {
 // A key pressed and released (WM_KEYDOWN, WM_KEYUP) without translation to characters.
 void PressKey(HWND window, UINT virtualKey);
 // Real input through the system's input queue (SendInput), to the foreground window's focus.
-void RealKey(UINT virtualKey);
 void RealType(std::u16string_view characters);
 void RealClick(POINT screenPoint);
 
@@ -65,20 +64,16 @@ inline Balloon FindVisibleBalloon() {
 }
 
 // The client area of `window` as `window` paints it for WM_PRINTCLIENT, on white.
-class ClientPicture {
-public:
+struct ClientPicture {
     explicit ClientPicture(HWND window);
-    COLORREF Pixel(int x, int y) const { return pixels_[static_cast<std::size_t>(y * width_ + x)]; }
-    int Width() const { return width_; }
-    int Height() const { return height_; }
+    COLORREF Pixel(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
 
-private:
-    int width_;
-    int height_;
-    std::vector<COLORREF> pixels_;
+    int width = 0;
+    int height = 0;
+    std::vector<COLORREF> pixels;
 };
 
-// Saves the whole screen as a 24-bit BMP when VELMORA_SCREENSHOT_DIR names a folder (a Linux path
+// Saves the whole screen as a BMP file when VELMORA_SCREENSHOT_DIR names a folder (a Linux path
 // under Wine is fine); returns the file's path, empty when no folder is set or saving failed.
 std::wstring SaveScreenshot(const std::wstring& name);
 

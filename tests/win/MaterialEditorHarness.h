@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -34,10 +35,7 @@ inline std::vector<std::u16string> ShownNames(const CQxDlgMatVyber& dialog) {
     const CListView& list = dialog.MaterialList();
     for (int row = 0; row < list.GetItemCount(); ++row) {
         wchar_t text[64] = {};
-        LVITEMW item{};
-        item.pszText = text;
-        item.cchTextMax = 64;
-        list.Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+        ListView_GetItemText(list.Handle(), row, 0, text, 64);
         names.push_back(FromWide(text));
     }
     return names;
@@ -67,13 +65,10 @@ protected:
     }
     void SelectRowOf(std::u16string_view name) {
         const std::vector<std::u16string> names = ShownNames(dialog);
-        for (std::size_t row = 0; row < names.size(); ++row) {
-            if (names[row] == name) {
-                dialog.MaterialList().SetItemState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED,
-                                                   LVIS_SELECTED | LVIS_FOCUSED);
-                dialog.MaterialList().Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
-            }
-        }
+        const auto row = static_cast<int>(std::find(names.begin(), names.end(), name) - names.begin());
+        ASSERT_LT(row, static_cast<int>(names.size())) << "no row shows the material";
+        dialog.MaterialList().SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        dialog.MaterialList().Send(LVM_SETSELECTIONMARK, 0, row);
         gui::Pump(dialog);
     }
     std::u16string Text(int id) const { return gui::Text(Control(id)); }

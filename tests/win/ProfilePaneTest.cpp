@@ -25,23 +25,23 @@ protected:
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
-    std::vector<HTREEITEM> Rows() const {
-        std::vector<HTREEITEM> rows;
+    // The pane's rows from the top, with the DN index of each row's profile.
+    std::vector<std::pair<int, HTREEITEM>> Rows() const {
+        std::vector<std::pair<int, HTREEITEM>> rows;
         for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row; row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            rows.push_back(row);
+            rows.emplace_back(reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(), row);
         }
         return rows;
     }
-    int DnOf(HTREEITEM row) const { return reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(); }
     HTREEITEM RowOf(int dnIndex) const {
-        for (const HTREEITEM row : Rows()) {
-            if (DnOf(row) == dnIndex) return row;
+        for (const auto& [dn, row] : Rows()) {
+            if (dn == dnIndex) return row;
         }
         return nullptr;
     }
     std::vector<int> RowDns() const {
         std::vector<int> dns;
-        for (const HTREEITEM row : Rows()) dns.push_back(DnOf(row));
+        for (const auto& row : Rows()) dns.push_back(row.first);
         return dns;
     }
     // Selects the first material row anew, as a click on it does.
@@ -76,13 +76,30 @@ protected:
     std::u16string startText;
 };
 
-TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
+TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAreStored) {
     CQvxMaterial& pe = OpenWith({3, 4});
     EXPECT_EQ(Pane().CellText(RowOf(4), kDnColumn), u"");  // the owner supplies every cell
     SelectProfile(3);
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
     EXPECT_NE(pe.FindProfile(5), nullptr);
+
+    // The price-list codes are stored when the selection moves on.
+    SelectProfile(3);
+    gui::SetText(Control(IDC_URS_INSTALL), u"M1");
+    gui::SetText(Control(IDC_URS_MATERIAL), u"K123");
+    EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"");
+    SelectProfile(4);
+    // Both edits go to the material code, the second last.
+    EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"K123");
+    EXPECT_EQ(pe.FindProfile(3)->UrsInstallCode(), u"");
+    EXPECT_EQ(Text(IDC_URS_MATERIAL), u"");
+
+    gui::SetText(Control(IDC_URS_MATERIAL), u"0123456789");  // ten characters: the profile refuses
+    SelectProfile(3);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
+    EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
 
     // Selecting the row again refills the pane before the old rows could be drawn.
     pe.GenerateSeries(0, kDnCount - 1);
@@ -99,28 +116,9 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnAndStartsOverOnlyWhenAsked) {
     EXPECT_EQ(pe.Profiles().size(), 28u);
 }
 
-TEST_F(ProfilePaneEditor, PriceListCodeIsStoredWhenTheSelectionMoves) {
-    CQvxMaterial& pe = OpenWith({3, 4});
-    SelectProfile(3);
-    gui::SetText(Control(IDC_URS_INSTALL), u"M1");
-    gui::SetText(Control(IDC_URS_MATERIAL), u"K123");
-    EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"");
-    SelectProfile(4);
-    // Both edits go to the material code, the second last.
-    EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"K123");
-    EXPECT_EQ(pe.FindProfile(3)->UrsInstallCode(), u"");
-    EXPECT_EQ(Text(IDC_URS_MATERIAL), u"");
-
-    gui::SetText(Control(IDC_URS_MATERIAL), u"0123456789");  // ten characters: the profile refuses
-    SelectProfile(3);
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
-    EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
-}
-
 // The cell's editor starts from the owner's text and checks as it is typed; the owner refuses a
 // number outside the DN's band. Enter and a click elsewhere commit, Escape discards.
-TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
+TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     CQvxMaterial& pe = OpenWith({kDn80, kDn100});
     CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     dn100.SetDimensions(100, 5);
@@ -160,56 +158,8 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBand) {
     gui::PressKey(Editor(), VK_ESCAPE);
     EXPECT_FALSE(IsWindowVisible(Editor()));
     EXPECT_FLOAT_EQ(dn100.Wall(), 18.75f);
-}
 
-// A digit typed into a selected number cell starts its edit. Left at the start of the text stays
-// in the editor, unless the pane has the style that lets the arrows leave it.
-TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditAndLeftLeavesOnlyWithTheArrowStyle) {
-    OpenWith({kDn80, kDn100});
-    SetForegroundWindow(editor.Handle());
-    Pane().SelectCell(RowOf(kDn80), kOuterColumn);
-    SetFocus(Pane().Handle());
-    gui::RealType(u"4");
-    gui::Pump(editor, 100);
-    ASSERT_TRUE(IsWindowVisible(Editor()));
-    EXPECT_EQ(gui::Text(Editor()), u"4");  // the typed character replaced the text
-    gui::PressKey(Editor(), VK_ESCAPE);
-
-    for (const bool arrows : {false, true}) {
-        Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
-        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn | (2u << 26));  // caret at 0
-        gui::PressKey(cellEditor, VK_LEFT);
-        gui::Pump(editor);
-        EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !arrows) << arrows;
-        EXPECT_EQ(Pane().GetCurrentColumn(), arrows ? kOuterColumn : kWallColumn) << arrows;
-    }
-}
-
-// With the pane not focused the current cell shows in the button face colour, within grid lines.
-TEST_F(ProfilePaneEditor, PaintsGridLinesAndTheCurrentCell) {
-    OpenWith({kDn80, kDn100});
-    Pane().SelectCell(RowOf(kDn100), kWallColumn);
-    SetFocus(Control(IDC_MATERIAL_LIST));
-    const RECT row = RowRect(kDn100);
-    int wallLeft = 0;
-    int wallRight = 0;
-    for (int column = 0; column <= kWallColumn; ++column) {
-        TVCOLUMNW width{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
-        Pane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&width));
-        wallLeft = std::exchange(wallRight, wallRight + width.cx);
-    }
-    const gui::ClientPicture picture(Pane().Handle());
-    const int middle = (row.top + row.bottom) / 2;
-    const COLORREF face = GetSysColor(COLOR_BTNFACE);
-    EXPECT_EQ(picture.Pixel(wallLeft + 2, middle), face);
-    EXPECT_EQ(picture.Pixel(wallRight - 3, row.top + 1), face);
-    EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
-    EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
-    EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
-}
-
-TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
-    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
+    // The DN's drop-down list offers every DN and moves the profile only to a free one.
     const auto choose = [&](int dnIndex, int choice) {
         const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
         EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
@@ -232,6 +182,50 @@ TEST_F(ProfilePaneEditor, DnChoiceMovesAProfileOnlyToAFreeDn) {
     EXPECT_FALSE(silence.Stop().found);
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
     EXPECT_NE(pe.FindProfile(kDn100), nullptr);
+}
+
+// A digit typed into a selected number cell starts its edit. Left at the start of the text stays
+// in the editor, unless the pane has the style that lets the arrows leave it. The current cell is
+// painted as such.
+TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyleAndTheCellIsPainted) {
+    OpenWith({kDn80, kDn100});
+    SetForegroundWindow(editor.Handle());
+    Pane().SelectCell(RowOf(kDn80), kOuterColumn);
+    SetFocus(Pane().Handle());
+    gui::RealType(u"4");
+    gui::Pump(editor, 100);
+    ASSERT_TRUE(IsWindowVisible(Editor()));
+    EXPECT_EQ(gui::Text(Editor()), u"4");  // the typed character replaced the text
+    gui::PressKey(Editor(), VK_ESCAPE);
+
+    for (const bool arrows : {false, true}) {
+        Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
+        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn | (2u << 26));  // caret at 0
+        gui::PressKey(cellEditor, VK_LEFT);
+        gui::Pump(editor);
+        EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !arrows) << arrows;
+        EXPECT_EQ(Pane().GetCurrentColumn(), arrows ? kOuterColumn : kWallColumn) << arrows;
+    }
+
+    // With the pane not focused the current cell shows in the button face colour, within grid lines.
+    Pane().SelectCell(RowOf(kDn100), kWallColumn);
+    SetFocus(Control(IDC_MATERIAL_LIST));
+    const RECT row = RowRect(kDn100);
+    int wallLeft = 0;
+    int wallRight = 0;
+    for (int column = 0; column <= kWallColumn; ++column) {
+        TVCOLUMNW width{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
+        Pane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&width));
+        wallLeft = std::exchange(wallRight, wallRight + width.cx);
+    }
+    const gui::ClientPicture picture(Pane().Handle());
+    const int middle = (row.top + row.bottom) / 2;
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    EXPECT_EQ(picture.Pixel(wallLeft + 2, middle), face);
+    EXPECT_EQ(picture.Pixel(wallRight - 3, row.top + 1), face);
+    EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
+    EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
+    EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
 }
 
 TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection) {

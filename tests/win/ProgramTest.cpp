@@ -34,23 +34,20 @@ std::wstring ProgramPath() {
 }
 
 // The window of the material dialogs (another process's): titled "Materiály potrubí", with the
-// material list.
-HWND WaitForMaterialDialog(DWORD milliseconds) {
-    for (DWORD waited = 0; waited < milliseconds; waited += 50) {
-        for (HWND window = FindWindowExW(nullptr, nullptr, L"#32770", L"Materiály potrubí"); window != nullptr;
-             window = FindWindowExW(nullptr, window, L"#32770", L"Materiály potrubí")) {
-            if (GetDlgItem(window, IDC_MATERIAL_LIST) != nullptr && IsWindowVisible(window)) return window;
-        }
-        Sleep(50);
-    }
-    return nullptr;
+// material list; none when it does not show within ten seconds.
+HWND WaitForMaterialDialog() {
+    HWND found = nullptr;
+    DialogWatcher(
+        L"Materiály potrubí", [&found](HWND dialog) { found = dialog; }, nullptr,
+        [](HWND dialog) { return GetDlgItem(dialog, IDC_MATERIAL_LIST) != nullptr; })
+        .Wait();
+    return found;
 }
 
 // A control's text; WM_GETTEXT reaches controls of other processes too.
 std::wstring ControlText(HWND dialog, int id) {
     wchar_t text[256] = {};
-    GetDlgItemTextW(dialog, id, text, 256);
-    return text;
+    return GetDlgItemTextW(dialog, id, text, 256) > 0 ? text : L"";
 }
 
 // A program started as Explorer starts it, ended when a test leaves it running.
@@ -95,7 +92,7 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
     EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\n" + userCatalogue));
     EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
 
-    const HWND editor = WaitForMaterialDialog(10000);
+    const HWND editor = WaitForMaterialDialog();
     ASSERT_NE(editor, nullptr);
     EXPECT_NE(GetFileAttributesW(userCatalogue.c_str()), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(SendDlgItemMessageW(editor, IDC_MATERIAL_LIST, LVM_GETITEMCOUNT, 0, 0), 31);
@@ -117,7 +114,7 @@ TEST(Program, SampleHostPicksAMaterialAndAProfile) {
 
     StartedProgram program(host);
     ASSERT_TRUE(program.started);
-    const HWND dialog = WaitForMaterialDialog(10000);
+    const HWND dialog = WaitForMaterialDialog();
     ASSERT_NE(dialog, nullptr);
     std::wstring picked = ControlText(dialog, IDC_NAME);
     const CQvxMaterial* material = nullptr;
