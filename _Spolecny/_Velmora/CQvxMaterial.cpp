@@ -1,5 +1,6 @@
 #include "_Velmora/CQvxMaterial.h"
 
+#include <algorithm>
 #include <cfloat>
 #include <charconv>
 #include <cmath>
@@ -90,8 +91,9 @@ CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source)
       users_(source.users_) {
     if (!prefix_.Assign(source.Prefix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopyPrefix);
     if (!suffix_.Assign(source.Suffix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopySuffix);
+    profiles_.reserve(source.profiles_.size());
     for (const auto& [dnIndex, profile] : source.profiles_) {
-        profiles_.emplace_hint(profiles_.end(), dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
+        profiles_.emplace_back(dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
     }
 }
 
@@ -99,8 +101,8 @@ CQvxMaterial::~CQvxMaterial() { users_.ReleaseAll(); }
 
 CQvxProfil* CQvxMaterial::AddProfile(int dnIndex) {
     const DnRow* row = FindDnRow(dnIndex);
-    if (row == nullptr || profiles_.contains(dnIndex)) return nullptr;
-    CQvxProfil* profile = profiles_.emplace(dnIndex, std::make_unique<CQvxProfil>(*this, dnIndex)).first->second.get();
+    if (row == nullptr || FindProfile(dnIndex) != nullptr) return nullptr;
+    CQvxProfil* profile = InsertProfile(std::make_unique<CQvxProfil>(*this, dnIndex));
     MarkChanged();
 
     const float defaultWall = dnIndex < kFirstDnWithThickWall ? kThinDefaultWall : kThickDefaultWall;
@@ -129,19 +131,19 @@ void CQvxMaterial::DeleteAllProfiles() {
 }
 
 bool CQvxMaterial::DeleteProfile(int dnIndex) {
-    const auto found = profiles_.find(dnIndex);
-    if (found == profiles_.end() || !found->second->Users().IsEmpty()) return false;
-    profiles_.erase(found);
+    const CQvxProfil* profile = FindProfile(dnIndex);
+    if (profile == nullptr || !profile->Users().IsEmpty()) return false;
+    profiles_.erase(LowerBound(dnIndex));
     MarkChanged();
     return true;
 }
 
 void CQvxMaterial::AddMissingProfiles(const CQvxMaterial& other) {
     for (const auto& [dnIndex, profile] : other.profiles_) {
-        if (profiles_.contains(dnIndex)) continue;
-        auto copy = std::make_unique<CQvxProfil>(*this, *profile);
-        const int key = copy->DnIndex();
-        if (!profiles_.emplace(key, std::move(copy)).second) Throw(u"Nelze vložit profil", kLineInsertProfile);
+        if (FindProfile(dnIndex) != nullptr) continue;
+        if (InsertProfile(std::make_unique<CQvxProfil>(*this, *profile)) == nullptr) {
+            Throw(u"Nelze vložit profil", kLineInsertProfile);
+        }
     }
     MarkChanged();
 }
@@ -243,8 +245,8 @@ void CQvxMaterial::SetClassIndexes(int32_t pnIndex, int32_t sdrIndex) {
 }
 
 CQvxProfil* CQvxMaterial::FindProfile(int dnIndex) const {
-    const auto found = profiles_.find(dnIndex);
-    return found == profiles_.end() ? nullptr : found->second.get();
+    const auto found = LowerBound(dnIndex);
+    return found != profiles_.end() && found->first == dnIndex ? found->second.get() : nullptr;
 }
 
 void CQvxMaterial::MarkChanged() {
@@ -252,15 +254,34 @@ void CQvxMaterial::MarkChanged() {
 }
 
 bool CQvxMaterial::MoveProfileKey(const CQvxProfil& profile, int newIndex) {
-    const auto held = profiles_.find(newIndex);
-    if (held != profiles_.end() && held->second.get() != &profile) return false;
-    const auto current = profiles_.find(profile.DnIndex());
-    if (current != profiles_.end() && current->second.get() == &profile) {
-        auto node = profiles_.extract(current);
-        node.key() = newIndex;
-        profiles_.insert(std::move(node));
+    const CQvxProfil* holder = FindProfile(newIndex);
+    if (holder != nullptr && holder != &profile) return false;
+    if (FindProfile(profile.DnIndex()) == &profile) {
+        const auto current = LowerBound(profile.DnIndex());
+        std::unique_ptr<CQvxProfil> moved = std::move(current->second);
+        profiles_.erase(current);
+        profiles_.emplace(LowerBound(newIndex), newIndex, std::move(moved));
     }
     return true;
+}
+
+CQvxMaterial::ProfileMap::iterator CQvxMaterial::LowerBound(int dnIndex) {
+    return std::ranges::lower_bound(profiles_, dnIndex, {}, &ProfileMap::value_type::first);
+}
+
+CQvxMaterial::ProfileMap::const_iterator CQvxMaterial::LowerBound(int dnIndex) const {
+    return std::ranges::lower_bound(profiles_, dnIndex, {}, &ProfileMap::value_type::first);
+}
+
+CQvxProfil* CQvxMaterial::InsertProfile(std::unique_ptr<CQvxProfil> profile) {
+    const int dnIndex = profile->DnIndex();
+    // Files and copies come in DN order, so the end is the usual place.
+    auto position = profiles_.end();
+    if (!profiles_.empty() && profiles_.back().first >= dnIndex) {
+        position = LowerBound(dnIndex);
+        if (position->first == dnIndex) return nullptr;
+    }
+    return profiles_.emplace(position, dnIndex, std::move(profile))->second.get();
 }
 
 void CQvxMaterial::RebuildAllLabels() {

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "FixedText.h"
 #include "Framework/CObject.h"
@@ -20,7 +21,10 @@ class CQvxSezMaterialu;
 // owning list's `unchanged` flag.
 class CQvxMaterial : public CObject {
 public:
-    using ProfileMap = std::map<int, std::unique_ptr<CQvxProfil>>;
+    // The profiles in ascending DN index, each beside its DN index. A material has a few dozen at
+    // most, so a sorted array beats a tree: one allocation per profile instead of two, and reading,
+    // walking and freeing a large catalogue stay in step with its size.
+    using ProfileMap = std::vector<std::pair<int, std::unique_ptr<CQvxProfil>>>;
     using AffixText = FixedText<5>;  // 4 characters + terminator
 
     static constexpr std::size_t kManufacturerMaxLength = 25;
@@ -104,6 +108,11 @@ private:
     void Store(CArchive& archive, bool onlyUsed) const;
     void Load(CArchive& archive);
     void LoadProfiles(CArchive& archive, std::uint64_t count);
+    // The first entry whose DN index is not below `dnIndex`.
+    ProfileMap::iterator LowerBound(int dnIndex);
+    ProfileMap::const_iterator LowerBound(int dnIndex) const;
+    // Inserts `profile` under its DN index; nullptr (and `profile` is destroyed) when the index is held.
+    CQvxProfil* InsertProfile(std::unique_ptr<CQvxProfil> profile);
 
     int32_t fileIndex_ = -2;
     DescriptionMode descriptionMode_ = DescriptionMode::DxT;

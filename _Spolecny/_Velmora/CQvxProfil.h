@@ -10,8 +10,8 @@
 class CQvxMaterial;
 
 // One nominal size (DN) of a material: inner diameter, wall, width, two price-list codes and the
-// two labels built from the material's description mode. The material owns its profiles in a map
-// keyed by the DN index, and the key always equals the profile's DN index.
+// two labels built from the material's description mode. The material owns its profiles, each
+// under its DN index.
 class CQvxProfil : public CObject {
 public:
     using CodeText = FixedText<11>;       // 10 characters + terminator

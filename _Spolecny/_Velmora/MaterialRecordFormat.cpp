@@ -145,9 +145,8 @@ void CQvxMaterial::LoadProfiles(CArchive& archive, std::uint64_t count) {
     for (std::uint64_t read = 0; read < count; ++read) {
         auto profile = std::make_unique<CQvxProfil>(*this);
         profile->Serialize(archive);
-        const int dnIndex = profile->DnIndex();
-        if (dnIndex == -1) return;
-        if (!profiles_.try_emplace(dnIndex, std::move(profile)).second) {
+        if (profile->DnIndex() == -1) return;
+        if (InsertProfile(std::move(profile)) == nullptr) {
             throw CQvxException(u"Nelze vložit nový profil", kLineDuplicateProfile, SourceModule::kMaterial);
         }
         MarkChanged();

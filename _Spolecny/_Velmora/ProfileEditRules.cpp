@@ -84,9 +84,9 @@ std::u16string ProfileCellText(const CQvxProfil& profile, ProfileShape shape, in
     }
 }
 
-std::optional<int> FindFreeDnIndex(const CQvxMaterial::ProfileMap& profiles, int start) {
+std::optional<int> FindFreeDnIndex(const CQvxMaterial& material, int start) {
     for (int index = std::max(start, 0); index < kDnCount; ++index) {
-        if (!profiles.contains(index)) return index;
+        if (material.FindProfile(index) == nullptr) return index;
     }
     return std::nullopt;
 }

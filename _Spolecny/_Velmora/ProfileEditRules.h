@@ -27,7 +27,7 @@ std::u16string_view InnerColumnTitle(ProfileShape shape);
 std::u16string ProfileCellText(const CQvxProfil& profile, ProfileShape shape, int column);
 
 // The first DN index from `start` up to the last row of the DN table that has no profile.
-std::optional<int> FindFreeDnIndex(const CQvxMaterial::ProfileMap& profiles, int start);
+std::optional<int> FindFreeDnIndex(const CQvxMaterial& material, int start);
 
 // A cell's text read as a number, as the standard string-to-double conversion reads it (leading
 // blanks, the longest number at the start). Throws std::invalid_argument "invalid stod argument"

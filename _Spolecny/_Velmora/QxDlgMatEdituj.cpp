@@ -511,7 +511,7 @@ void CQxDlgMatEdituj::OnAddProfile() {
     CQvxMaterial& material = CurrentMaterial(u"Nenalezena datová položka materiálu", 351);
     const CQvxProfil* selected = ProfileOfRow(profilePane_.GetSelection());
     int start = selected != nullptr ? selected->DnIndex() : 0;
-    std::optional<int> free = FindFreeDnIndex(material.Profiles(), start);
+    std::optional<int> free = FindFreeDnIndex(material, start);
     while (!free) {
         if (start == 0) {
             ShowMessage(u"Nelze přidat již další DN !!", MB_ICONERROR);
@@ -520,7 +520,7 @@ void CQxDlgMatEdituj::OnAddProfile() {
         const int answer = ShowMessage(u"Nelze přidat již další DN, přidat od začátku?", MB_YESNO | MB_ICONQUESTION);
         if (answer != IDYES) return;
         start = 0;
-        free = FindFreeDnIndex(material.Profiles(), start);
+        free = FindFreeDnIndex(material, start);
     }
     CQvxProfil* added = material.AddProfile(*free);
     if (added == nullptr) return;

@@ -40,12 +40,12 @@ TEST_F(ProfilePane, CellTextsFollowTheShape) {
 TEST_F(ProfilePane, FreeDnIsSearchedUpwardFromTheStart) {
     ProfileAt(3, 15, 1);
     ProfileAt(4, 20, 1);
-    EXPECT_EQ(FindFreeDnIndex(material.Profiles(), 3), 5);
-    EXPECT_EQ(FindFreeDnIndex(material.Profiles(), 0), 0);
-    EXPECT_EQ(FindFreeDnIndex(material.Profiles(), kDn1200), kDn1200);
+    EXPECT_EQ(FindFreeDnIndex(material, 3), 5);
+    EXPECT_EQ(FindFreeDnIndex(material, 0), 0);
+    EXPECT_EQ(FindFreeDnIndex(material, kDn1200), kDn1200);
     material.GenerateSeries(0, kDn1200);
-    EXPECT_EQ(FindFreeDnIndex(material.Profiles(), 0), std::nullopt);
-    EXPECT_EQ(FindFreeDnIndex(material.Profiles(), 20), std::nullopt);
+    EXPECT_EQ(FindFreeDnIndex(material, 0), std::nullopt);
+    EXPECT_EQ(FindFreeDnIndex(material, 20), std::nullopt);
 }
 
 TEST_F(ProfilePane, NumbersAreReadAsTheStandardConversionReadsThem) {
