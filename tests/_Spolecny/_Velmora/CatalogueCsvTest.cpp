@@ -6,6 +6,7 @@
 
 #include "_Velmora/CatalogueCsvFields.h"
 #include "support/CsvSheets.h"
+#include "support/RecordSummary.h"
 
 namespace {
 
@@ -21,34 +22,16 @@ TEST(CatalogueCsvRead, FieldsComeFromTheirColumns) {
     const CatalogueCsvContent content = ReadCatalogueCsv(Canonical());
     ASSERT_EQ(Described(content), std::vector<std::string>{});
     ASSERT_EQ(content.materials.size(), 2u);
-
-    const MaterialExchangeRecord& egg = content.materials[0].fields;
-    EXPECT_EQ(egg.uniqueName, u"Beton vejčitý");
-    EXPECT_EQ(egg.displayName, u"Beton vejčitý");
-    EXPECT_EQ(egg.description, u"Vejčité stoky; š/v = 2/3");
-    EXPECT_EQ(egg.placement, kPlacementNetworks);
-    EXPECT_EQ(egg.medium, kMediumSewage);
-    EXPECT_EQ(egg.pnIndex, -1);
-    EXPECT_EQ(egg.sdrIndex, -1);
-    EXPECT_EQ(egg.descriptionMode, DescriptionMode::Custom);
-    EXPECT_EQ(egg.prefix, u"V ");
-    EXPECT_TRUE(egg.onInnerDiameter);
-    EXPECT_EQ(egg.shape, ProfileShape::EggVienna);
-    ASSERT_EQ(content.materials[0].profiles.size(), 1u);
-    EXPECT_EQ(content.materials[0].profiles[0], (CsvProfileRecord{20, 450.0f, 0.0f, 300, u"", u""}));
-
-    const CsvMaterialRecord& pe = content.materials[1];
-    EXPECT_EQ(pe.fields.manufacturer, u"Generic");
-    EXPECT_EQ(pe.fields.placement, kPlacementAll);
-    EXPECT_EQ(pe.fields.medium, kMediumWater | kMediumGas);
-    EXPECT_EQ(pe.fields.roughness, double(0.01f));
-    EXPECT_EQ(pe.fields.pnIndex, 3);
-    EXPECT_EQ(pe.fields.sdrIndex, 4);
-    EXPECT_EQ(pe.fields.descriptionMode, DescriptionMode::DxT);
-    ASSERT_EQ(pe.profiles.size(), 3u);
-    EXPECT_EQ(pe.profiles[1], (CsvProfileRecord{11, 90.0f, 10.0f, 0, u"801234567", u"ABC"}));
-    EXPECT_EQ(pe.profiles[2].innerDiameter, 515.6f);
-    EXPECT_EQ(pe.profiles[2].wall, 57.2f);
+    EXPECT_EQ(Summary(content.materials[0]),
+              "Beton vejčitý (Beton vejčitý) 'Vejčité stoky; š/v = 2/3' '' 2/1 k 0.3 -1/-1 mode 2 inner 'V ' '' "
+              "shape 1 '0.3'\n"
+              "20: 450 x 0, 300, '' ''");
+    EXPECT_EQ(Summary(content.materials[1]),
+              "PE100 SDR11 (PE100 SDR11) 'Voda, ČSN EN 12201-2' 'Generic' 3/12 k 0.01 3/4 mode 1 outer '' '' shape 0 "
+              "'0.01'\n"
+              "3: 16 x 2, 0, '' ''\n"
+              "11: 90 x 10, 0, '801234567' 'ABC'\n"
+              "22: 515.6 x 57.2, 0, '' ''");
 }
 
 TEST(CatalogueCsvWrite, WritesTheSheetsItReadsByteForByte) {
@@ -85,15 +68,15 @@ TEST(CatalogueCsvRead, ColumnOrderCommasAndRowOrderAreFree) {
 }
 
 TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
-    const CatalogueCsvContent content = ReadCatalogueCsv({Canonical().materials, Profiles(
-        "PE100 SDR11;DN 15;20;2;16;;;\n"
-        "PE100 SDR11;DN 20;25;2.3;20.4;;\n"
-        "PE100 SDR11;DN 25;32;3,0x;26;;;\n"
-        "PE100 SDR11;DN 110;110;10;90;;;\n"
-        "PE100 SDR11;DN 15;20;2;16;;;\n"
-        "PE-X;DN 15;20;2;16;;;\n"
-        "PE100 SDR11;DN 32;40;3.7;32;;;\n"
-        "PE100 SDR11;DN 40;;4.6;40.8;1.5;8012345678;\n")});
+    const CatalogueCsvContent content =
+        ReadCatalogueCsv({Canonical().materials, Profiles("PE100 SDR11;DN 15;20;2;16;;;\n"
+                                                          "PE100 SDR11;DN 20;25;2.3;20.4;;\n"
+                                                          "PE100 SDR11;DN 25;32;3,0x;26;;;\n"
+                                                          "PE100 SDR11;DN 110;110;10;90;;;\n"
+                                                          "PE100 SDR11;DN 15;20;2;16;;;\n"
+                                                          "PE-X;DN 15;20;2;16;;;\n"
+                                                          "PE100 SDR11;DN 32;40;3.7;32;;;\n"
+                                                          "PE100 SDR11;DN 40;;4.6;40.8;1.5;8012345678;\n")});
     EXPECT_EQ(Described(content),
               (std::vector<std::string>{
                   "profily.csv, řádek 3: Řádek má 7 sloupců, záhlaví 8 sloupců.",
@@ -115,10 +98,10 @@ TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
 TEST(CatalogueCsvRead, MaterialProblemsCarryTheirLineNumbers) {
     CatalogueCsvSheets sheets = Canonical();
     sheets.materials = Materials(
-                       "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n"
-                       "A;;Výrobce s velmi dlouhým jménem;ZTI;Voda;0.01;PN 20;SDr 26;DxT;HT-1;;vnější;Kruh\n"
-                       ";;;;Voda+;0.01;;;DN;;;Vnější průměr;Kruh\n"
-                       "A;;;Sítě;Voda;abc;;;DN;;;Vnější průměr;Koule\n");
+        "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n"
+        "A;;Výrobce s velmi dlouhým jménem;ZTI;Voda;0.01;PN 20;SDr 26;DxT;HT-1;;vnější;Kruh\n"
+        ";;;;Voda+;0.01;;;DN;;;Vnější průměr;Kruh\n"
+        "A;;;Sítě;Voda;abc;;;DN;;;Vnější průměr;Koule\n");
     sheets.profiles = Profiles("");
     EXPECT_EQ(Described(ReadCatalogueCsv(sheets)),
               (std::vector<std::string>{

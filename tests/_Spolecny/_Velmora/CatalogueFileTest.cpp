@@ -2,15 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "TextCodec.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/CatalogueCsvFields.h"
 #include "_Velmora/MaterialTables.h"
-#include "TextCodec.h"
 #include "support/ArchiveBytes.h"
 #include "support/CatalogueBuilding.h"
 #include "support/CatalogueFixtures.h"
 #include "support/RandomCatalogue.h"
+#include "support/RecordSummary.h"
 #include "support/ThrownText.h"
 
 namespace {
@@ -91,100 +92,42 @@ TEST(CatalogueWriting, OnlyUsedWritesTheMaterialsAndProfilesInUseAndNumbersThem)
     list.ClearUsage();  // the slots end with this test
 }
 
-TEST(CatalogueReading, WorkedExampleReadsBack) {
-    CQvxSezMaterialu list;
-    list.MarkChanged();
-    EXPECT_EQ(ReadCatalogue(list, Hex(kWorkedExample)), 0u);
-    EXPECT_TRUE(list.IsUnchanged());
-    ASSERT_EQ(list.Count(), 1u);
-    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
-    EXPECT_EQ(pe.FileIndex(), 0);
-    EXPECT_EQ(pe.DisplayName(), u"PE");
-    EXPECT_EQ(pe.Roughness(), 0.01f);
-    EXPECT_EQ(pe.SdrIndex(), 4);
-    const CQvxProfil& profile = ProfileAt(pe, 11);
-    EXPECT_EQ(profile.InnerDiameter(), 90.0f);
-    EXPECT_EQ(profile.Label(), u"110x10.0");
-}
-
-TEST(CatalogueReading, ListVersion0CountsMaterialsAndEndsInATrailer) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, Hex(kListVersion0)), 0u);
-    ASSERT_EQ(list.Count(), 2u);
-
-    const CQvxMaterial& litina = MaterialNamed(list, u"Litina");
-    EXPECT_EQ(litina.FileIndex(), 0);
-    EXPECT_EQ(litina.GetDescriptionMode(), DescriptionMode::Dn);
-    EXPECT_EQ(litina.Description(), u"Šedá");
-    EXPECT_EQ(litina.Medium(), 31);  // zero masks read as all
-    EXPECT_EQ(litina.Placement(), 3);
-    EXPECT_EQ(litina.SdrIndex(), -1);
-    ASSERT_EQ(litina.Profiles().size(), 1u);
-    EXPECT_EQ(ProfileAt(litina, 16).UrsMaterialCode(), u"K1");
-    EXPECT_EQ(ProfileAt(litina, 16).Label(), u"DN 250");
-
-    const CQvxMaterial& pe = MaterialNamed(list, u"PE");
-    EXPECT_EQ(pe.FileIndex(), 1);
-    EXPECT_EQ(pe.GetDescriptionMode(), DescriptionMode::DxT);
-    EXPECT_EQ(pe.Medium(), 4);
-    EXPECT_TRUE(pe.Profiles().empty());
-
-    CQvxSezMaterialu none;
-    EXPECT_EQ(ReadCatalogue(none, Hex("01 00 00 00 00 00 00 00 00  00 00 00 00 00 00 00 00 00 00 00 00")), 0u);
-    EXPECT_EQ(none.Count(), 0u);
-}
-
-TEST(CatalogueReading, MaterialVersion2WithProfilesVersion2) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion2)), 0u);
-    const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
-    EXPECT_EQ(pvc.GetDescriptionMode(), DescriptionMode::DxT);
-    EXPECT_EQ(pvc.Medium(), 1);
-    EXPECT_EQ(pvc.Placement(), 1);
-    ASSERT_EQ(pvc.Profiles().size(), 2u);
-    EXPECT_EQ(ProfileAt(pvc, 21).UrsMaterialCode(), u"KG");
-    EXPECT_EQ(ProfileAt(pvc, 21).Label(), u"105x2.5");
-    EXPECT_EQ(ProfileAt(pvc, 14).InnerDiameter(), 200.0f);
-}
-
-TEST(CatalogueReading, MaterialVersion3WithFixedFormAffixesAndProfileVersion4) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion3)), 0u);
-    const CQvxMaterial& beton = MaterialNamed(list, u"Beton");
-    EXPECT_EQ(beton.GetDescriptionMode(), DescriptionMode::Custom);
-    EXPECT_TRUE(beton.OnInnerDiameter());
-    EXPECT_EQ(beton.Prefix(), u"DN");
-    EXPECT_EQ(beton.Suffix(), u"abcd");
-    const CQvxProfil& profile = ProfileAt(beton, 15);
-    EXPECT_EQ(profile.UrsMaterialCode(), u"X1");
-    EXPECT_EQ(profile.Label(), u"DN225abcd");
-}
-
-TEST(CatalogueReading, MaterialVersion4WithoutShapeAndProfileVersion6WithoutLabel) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion4)), 0u);
-    const CQvxMaterial& sklo = MaterialNamed(list, u"Sklo");
-    EXPECT_EQ(sklo.Prefix(), u"DN");
-    EXPECT_EQ(sklo.Shape(), ProfileShape::Circle);
-    EXPECT_EQ(sklo.Placement(), 2);
-    const CQvxProfil& profile = ProfileAt(sklo, 11);
-    EXPECT_EQ(profile.Width(), 640);
-    EXPECT_EQ(profile.UrsInstallCode(), u"D");
-    EXPECT_EQ(profile.Label(), u"DN90");
-}
-
-TEST(CatalogueReading, MaterialVersion6WithDisplayNameAndProfileVersion5) {
-    CQvxSezMaterialu list;
-    EXPECT_EQ(ReadCatalogue(list, Hex(kMaterialVersion6)), 0u);
-    const CQvxMaterial& ocel = MaterialNamed(list, u"Ocel");
-    EXPECT_EQ(ocel.DisplayName(), u"Ocel ČSN");
-    EXPECT_EQ(ocel.Shape(), ProfileShape::Rectangle);
-    EXPECT_EQ(ocel.GetDescriptionMode(), DescriptionMode::Dn);
-    const CQvxProfil& profile = ProfileAt(ocel, 10);
-    EXPECT_EQ(profile.Width(), 1000);
-    EXPECT_EQ(profile.UrsMaterialCode(), u"A");
-    EXPECT_EQ(profile.UrsInstallCode(), u"B");
-    EXPECT_EQ(profile.Label(), u"DN 80");
+// Each layout: what the list holds afterwards, material by material in key order.
+TEST(CatalogueReading, EveryLayoutFillsTheFieldsItStoresAndDefaultsTheRest) {
+    const struct {
+        std::string bytes;
+        std::string read;
+    } layouts[] = {
+        {kWorkedExample,
+         "PE (PE) '' '' 3/31 k 0.01 3/4 mode 1 outer '' '' shape 0 #0\n"
+         "11: 90 x 10, 0, '' '' [110x10.0 d110]"},
+        // Zero masks read as all; old DN rows from 15 on move one down; "Šedá" from Windows-1250.
+        {kListVersion0,
+         "Litina (Litina) 'Šedá' '' 3/31 k 1 2/-1 mode 0 outer '' '' shape 0 #0\n"
+         "16: 250 x 5, 0, 'K1' '' [DN 250 250]\n"
+         "PE (PE) '' '' 2/4 k 0.01 0/4 mode 1 outer '' '' shape 0 #1"},
+        {kMaterialVersion2,
+         "PVC (PVC) '' '' 1/1 k 1 3/2 mode 1 outer '' '' shape 0 #0\n"
+         "14: 200 x 5, 0, '' '' [210x5.0 d210]\n"
+         "21: 100 x 2.5, 0, 'KG' '' [105x2.5 d105]"},
+        {kMaterialVersion3,  // fixed-form affixes cut to their buffer
+         "Beton (Beton) '' '' 3/31 k 1 0/0 mode 2 inner 'DN' 'abcd' shape 0 #0\n"
+         "15: 225 x 5, 0, 'X1' '' [DN225abcd d235]"},
+        {kMaterialVersion4,
+         "Sklo (Sklo) '' '' 2/1 k 1 0/0 mode 2 inner 'DN' '' shape 0 #0\n"
+         "11: 90 x 10, 640, 'C' 'D' [DN90 d110]"},
+        {kMaterialVersion6,
+         "Ocel (Ocel ČSN) '' '' 3/31 k 1 0/0 mode 0 outer '' '' shape 4 #0\n"
+         "10: 80 x 3, 1000, 'A' 'B' [DN 80 80]"},
+        {"01 00 00 00 00 00 00 00 00  00 00 00 00 00 00 00 00 00 00 00 00", ""},  // no materials, then the trailer
+    };
+    for (const auto& [bytes, read] : layouts) {
+        CQvxSezMaterialu list;
+        list.MarkChanged();
+        EXPECT_EQ(ReadCatalogue(list, Hex(bytes)), 0u);
+        EXPECT_TRUE(list.IsUnchanged());
+        EXPECT_EQ(Summary(list), read);
+    }
 }
 
 TEST(CatalogueRefusal, NewerVersionAtEachLevelAndADnTwiceWithTheirSourceAndLine) {
