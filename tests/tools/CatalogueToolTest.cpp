@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "ToolTestSupport.h"
+#include "support/ArchiveBytes.h"
+#include "support/CatalogueFixtures.h"
 #include "support/CsvSheets.h"
 
 namespace {
@@ -58,26 +60,16 @@ TEST_F(CatalogueTool, BadSheetsNameEveryLineAndWriteNothing) {
     const std::string before = ReadBytes(folder / "pe.qxp");
     WriteBytes("csv/materialy.csv",
                Canonical().materials + "PE100 SDR11 pro pitnou vodu;;;ZTI;Voda;0.01;;;D x t;;;Vnější průměr;Kruh\n");
-    WriteBytes("csv/profily.csv", Canonical().profiles +
-                                      "PE100 SDR11;DN 110;110;10;90;;;\n"
-                                      "PE100 SDR11;DN 100;110;10;90;;;\n"
-                                      "PE100 SDR11;DN 80;90;8,2;x;;;\n"
-                                      "PE100 SDR11;DN 65;75;6.8\n");
+    WriteBytes("csv/profily.csv", Canonical().profiles + "PE100 SDR11;DN 65;75;6.8\n");
     EXPECT_EQ(Run({"csv2qxp", In("csv"), In("pe.qxp")}), kExitBadInput);
-    EXPECT_EQ(err.str(),
-              "velmora-katalog: chyby v listech ve složce „" + In("csv") +
-                  "“:\n"
-                  "  materialy.csv, řádek 4: Text „PE100 SDR11 pro pitnou vodu“ ve sloupci „Název“ je delší "
-                  "než 20 znaků.\n"
-                  "  profily.csv, řádek 6: Neznámá hodnota „DN 110“ ve sloupci „DN“; platné jsou: DN 8, DN 10, "
-                  "DN 12, DN 15, DN 20, DN 25, DN 32, DN 40, DN 50, DN 65, DN 80, DN 100, DN 125, DN 150, "
-                  "DN 200, DN 225, DN 250, DN 300, DN 350, DN 400, DN 450, DN 500, DN 600, DN 700, DN 800, "
-                  "DN 900, DN 1000, DN 1200.\n"
-                  "  profily.csv, řádek 7: Materiál „PE100 SDR11“ už má profil „DN 100“ na řádku 4.\n"
-                  "  profily.csv, řádek 8: Neplatné číslo „x“ ve sloupci „ID / výška [mm]“.\n"
-                  "  profily.csv, řádek 9: Řádek má 4 sloupce, záhlaví 8 sloupců.\n"
-                  "velmora-katalog: Listy ve složce „" +
-                  In("csv") + "“ nelze převést, počet chyb: 5. Katalog „" + In("pe.qxp") + "“ nebyl zapsán.\n");
+    EXPECT_EQ(err.str(), "velmora-katalog: chyby v listech ve složce „" + In("csv") +
+                             "“:\n"
+                             "  materialy.csv, řádek 4: Text „PE100 SDR11 pro pitnou vodu“ ve sloupci „Název“ je delší "
+                             "než 20 znaků.\n"
+                             "  profily.csv, řádek 6: Řádek má 4 sloupce, záhlaví 8 sloupců.\n"
+                             "velmora-katalog: Listy ve složce „" +
+                             In("csv") + "“ nelze převést, počet chyb: 2. Katalog „" + In("pe.qxp") +
+                             "“ nebyl zapsán.\n");
     EXPECT_EQ(ReadBytes(folder / "pe.qxp"), before);
     EXPECT_FALSE(std::filesystem::exists(folder / "pe.qxp.tmp"));
 
@@ -123,14 +115,9 @@ TEST_F(CatalogueTool, ValidateReportsTheByteOfAMalformedCatalogue) {
                              std::to_string(good.size()) + ").\n");
 
     // One material "PE" holding the profile of DN index 11 twice: the second is refused where it ends.
-    const std::string profile("\x07\x0B\x00\x00\x00\xB4\x42\x00\x00\x20\x41\x00\x00\x00\x00\x00\x00\x00\x00", 19);
-    WriteBytes("twice.qxp",
-               std::string("\x03\x05\x01\x00\x00\x00\x00\x00\xFF\xFE\xFF\x02"
-                           "P\x00"
-                           "E\x00"
-                           "\xFF\xFE\xFF\x00\xFF\xFE\xFF\x00\x0A\xD7\x23\x3C\x1F\x00\x03\x00\x03\x00\x04\x00\x00",
-                           37) +
-                   profile + profile + "\xFF\xFF");
+    using namespace CatalogueFixtures;
+    const Bytes twice = Hex(std::string("03 ") + kPeHeader + kPeProfile + kPeProfile + "FF FF");
+    WriteBytes("twice.qxp", std::string(twice.begin(), twice.end()));
     EXPECT_EQ(Run({"validate", In("twice.qxp")}), kExitBadInput);
     EXPECT_EQ(err.str(), "velmora-katalog: Soubor „" + In("twice.qxp") +
                              "“ nelze načíst: Nelze vložit nový profil, Line 411, _Spolecny\\_Velmora\\CQvxMaterial "
@@ -147,7 +134,8 @@ TEST_F(CatalogueTool, PrintShowsFieldsAndProfileLabels) {
     EXPECT_EQ(text.find(In("pe.qxp") + ": materiálů 2, profilů 4\n"), 0u);
     EXPECT_NE(text.find("\nPE100 SDR11\n  Podrobný popis: Voda, ČSN EN 12201-2\n"), std::string::npos);
     EXPECT_NE(text.find("  Drsnost: 0.01 mm | Tl. třída: PN 16 | SDr: SDr 11\n"), std::string::npos);
-    EXPECT_NE(text.find("  110x10.0      DN 100       110.0   10.00     90.0         801234567    ABC\n"), std::string::npos)
+    EXPECT_NE(text.find("  110x10.0      DN 100       110.0   10.00     90.0         801234567    ABC\n"),
+              std::string::npos)
         << text;
     EXPECT_NE(text.find("  Popis profilů: Jiný („V “ + vnitřní průměr + „“) | Tvar: Vejce\n"), std::string::npos);
     EXPECT_NE(text.find("  V 450         DN 450       450.0    0.00    450.0    300\n"), std::string::npos) << text;
