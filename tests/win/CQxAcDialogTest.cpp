@@ -37,7 +37,36 @@ Ink InkOf(HWND window, int skipRow = -1) {
     return ink;
 }
 
-TEST_F(MaterialEditor, HeadingAndRuleFollowTheScale) {
+TEST_F(MaterialSelection, NoHeadingMeansNoRule) {
+    Open(false);
+    EXPECT_EQ(InkOf(dialog.Handle()).pixels, 0);
+}
+
+// Hovering shows a control's balloon through the relay, also beside a refusal's balloon; a
+// second tooltip for a control keeps the first. The profile pane's, added once the dialog is
+// open, is attached at once. The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
+TEST_F(MaterialEditor, TooltipsShowOnHoverBesideARefusalAndTheFirstTextStays) {
+    Open();
+    EXPECT_EQ(editor.ToolTips().at(CTreeListCtrl::kControlId).tooltip.Send(TTM_GETTOOLCOUNT), 1);
+    editor.AddToolTip(IDC_MATERIAL_APPLY, u"Jiný text");
+
+    SetWindowPos(editor.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    Click(IDC_MATERIAL_ADD);
+    const RECT button = CWindow(Control(IDC_MATERIAL_APPLY)).WindowRect();
+    SetCursorPos((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+    PostMessageW(Control(IDC_MATERIAL_APPLY), WM_MOUSEMOVE, 0,
+                 MAKELPARAM((button.right - button.left) / 2, (button.bottom - button.top) / 2));
+    gui::Pump(editor, 1200);
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Uložit provedené změny");
+    gui::Type(Control(IDC_NAME), u"123456789012345678901");
+    gui::Pump(editor, 300);
+    EXPECT_EQ(gui::VisibleBalloons().size(), 2u);  // the refusal's and the tooltip
+    gui::SaveScreenshot(L"editor-tooltip-and-refusal");
+}
+
+// The heading and its rule are laid out for the dialog's scale. The dialog cannot shrink below its
+// first size; it has the program's icon, and Arial for its text and bold headings.
+TEST_F(MaterialEditor, HeadingAndRuleFollowTheScaleLeastSizeIconAndFonts) {
     Open();
     const gui::ClientPicture picture(editor.Handle());
     const HeadingLayout layout = HeadingLayoutForScale(editor.Scale());
@@ -55,42 +84,7 @@ TEST_F(MaterialEditor, HeadingAndRuleFollowTheScale) {
     EXPECT_LT(text.bottom, layout.ruleY);
     EXPECT_GE(text.left, layout.margin);
     EXPECT_LE(text.left, layout.margin + 3);
-}
 
-TEST_F(MaterialSelection, NoHeadingMeansNoRule) {
-    Open(false);
-    EXPECT_EQ(InkOf(dialog.Handle()).pixels, 0);
-}
-
-// Hovering shows a control's balloon through the relay, also beside a refusal's balloon; a
-// second tooltip for a control keeps the first. The profile pane's, added once the dialog is
-// open, is attached at once. The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
-TEST_F(MaterialEditor, TooltipsShowOnHoverBesideARefusalAndTheFirstTextStays) {
-    Open();
-    EXPECT_EQ(editor.ToolTips().at(CTreeListCtrl::kControlId).tooltip.Send(TTM_GETTOOLCOUNT), 1);
-    const CToolTipCtrl& apply = editor.ToolTips().at(IDC_MATERIAL_APPLY).tooltip;
-    EXPECT_EQ(&editor.AddToolTip(IDC_MATERIAL_APPLY, u"Jiný text"), &apply);
-    EXPECT_EQ(GetWindowLongW(apply.Handle(), GWL_STYLE) & TTS_ALWAYSTIP, TTS_ALWAYSTIP);
-    EXPECT_EQ(apply.Send(TTM_GETMAXTIPWIDTH), 200);
-
-    SetWindowPos(editor.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    Click(IDC_MATERIAL_ADD);
-    const RECT button = CWindow(Control(IDC_MATERIAL_APPLY)).WindowRect();
-    SetCursorPos((button.left + button.right) / 2, (button.top + button.bottom) / 2);
-    PostMessageW(Control(IDC_MATERIAL_APPLY), WM_MOUSEMOVE, 0,
-                 MAKELPARAM((button.right - button.left) / 2, (button.bottom - button.top) / 2));
-    gui::Pump(editor, 1200);
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Uložit provedené změny");
-    gui::Type(Control(IDC_NAME), u"123456789012345678901");
-    gui::Pump(editor, 300);
-    EXPECT_EQ(gui::VisibleBalloons().size(), 2u);  // the refusal's and the tooltip
-    gui::SaveScreenshot(L"editor-tooltip-and-refusal");
-}
-
-// The dialog cannot shrink below its first size; it has the program's icon, and Arial for its
-// text and bold headings.
-TEST_F(MaterialEditor, LeastSizeIconAndFonts) {
-    Open();
     const SIZE initial = editor.InitialSize();
     ASSERT_GT(initial.cx, 0);
     for (const auto& [width, height] :

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "Win/CWin32UserMessages.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
 #include "win/MaterialEditorHarness.h"
@@ -80,30 +79,6 @@ TEST_F(EditorOnFiles, LoadingTheStandardOrAPickedCatalogueJoinsOrClearsAndListsE
     EXPECT_FALSE(std::filesystem::exists(UserFile()));
 }
 
-TEST_F(EditorOnFiles, MergeAnsweredYesToAllThroughTheRealQuestion) {
-    CWin32UserMessages realMessages;
-    CUserMessagesScope installedReal(realMessages);
-    AddUsedFor(catalogue, u"A", 3, kMediumGas);
-    AddUsedFor(catalogue, u"B", 3, kMediumGas);
-    CQvxSezMaterialu other;
-    AddUsedFor(other, u"A", 3, kMediumWater);
-    AddUsedFor(other, u"B", 3, kMediumWater);
-    PickCatalogueOf(other);
-    Open();
-
-    TaskDialogWatcher overwrite(kCaption, CWin32UserMessages::TaskDialogButtonId(TaskDialogButtons::kYesToAll),
-                                editor.Handle(), L"Tento materiál již existuje, přepsat standardním?");
-    MessageBoxWatcher saveNow(L"Uložit materiály?", {IDNO});
-    TaskDialogWatcher noClearing(kCaption, IDNO, editor.Handle(),
-                                 L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)");
-    Click(IDC_LOAD_FILE);  // first the clearing question, then one overwrite question for both
-    EXPECT_TRUE(noClearing.Stop().found);
-    EXPECT_TRUE(overwrite.Wait().Shows(L"A"));
-    EXPECT_TRUE(saveNow.Stop().found);
-    EXPECT_EQ(editor.WorkingList().Find(u"A")->Medium(), kMediumWater);
-    EXPECT_EQ(editor.WorkingList().Find(u"B")->Medium(), kMediumWater);
-}
-
 // Enter applies an edit (an empty name is refused) and does not close the editor; OK drops an
 // edit still open, saves the changed catalogue and hands it back.
 TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
@@ -112,9 +87,7 @@ TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
     Click(IDC_MATERIAL_ADD);
     ASSERT_EQ(GetFocus(), Control(IDC_NAME));
     MSG enter{Control(IDC_NAME), WM_KEYDOWN, VK_RETURN, 0, 0, {}};  // as the message loop hands it over
-    MessageBoxWatcher empty(kCaption, {IDOK}, editor.Handle());
-    editor.ProcessMessage(enter);
-    EXPECT_EQ(empty.Stop().text, L"Název nesmí být prázdný");
+    EXPECT_EQ(Answering([&] { editor.ProcessMessage(enter); }).text, L"Název nesmí být prázdný");
     EXPECT_EQ(editor.Mode(), EditMode::Add);
     gui::SetText(Control(IDC_NAME), u"PVC");
     editor.ProcessMessage(enter);

@@ -51,11 +51,14 @@ protected:
         gui::Click(Control(id));
         gui::Pump(dialog);
     }
-    // Clicks `id` and answers the message box it shows (with `task`, the task dialog).
-    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK, bool task = false) {
+    // Does `action` and answers the message box it shows (with `task`, the task dialog).
+    MessageBoxWatcher::Seen Answering(const std::function<void()>& action, int answer = IDOK, bool task = false) {
         MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle(), task ? TDM_CLICK_BUTTON : WM_COMMAND);
-        Click(id);
+        action();
         return watcher.Stop();
+    }
+    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK, bool task = false) {
+        return Answering([&] { Click(id); }, answer, task);
     }
     // Clicks `id` and hands the dialog titled `title` that it shows to `answer`, which closes it;
     // false when none was shown.

@@ -11,8 +11,6 @@
 #include <string>
 
 #include "Win/WideText.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
 #include "win/DialogWatcher.h"
