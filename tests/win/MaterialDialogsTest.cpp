@@ -148,8 +148,8 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
 }
 
 // What a material holds shows in the fields, and what the fields show after an edit goes back
-// into it. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the affixes as
-// they were.
+// into it. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the
+// affixes as they were.
 TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EditMaterial(AddMaterial(catalogue, u"PE"), [](MaterialExchangeRecord& record) {
         record.prefix = u"d";
