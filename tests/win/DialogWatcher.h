@@ -96,14 +96,13 @@ public:
 
 private:
     static Seen Read(HWND dialog) {
-        Seen seen{true,
-                  {},
-                  {},
-                  reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0)),
-                  GetWindow(dialog, GW_OWNER)};
+        Seen seen;
+        seen.found = true;
         wchar_t text[1024] = {};
         GetDlgItemTextW(dialog, 0xFFFF, text, 1024);  // a message box's text control
         seen.text = text;
+        seen.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0));
+        seen.owner = GetWindow(dialog, GW_OWNER);
         for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
             if (GetWindowTextW(control, text, 1024) > 0) seen.texts.push_back(text);
         }
