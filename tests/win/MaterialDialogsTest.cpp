@@ -34,8 +34,15 @@ TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaults
     EXPECT_EQ(editor.Mode(), EditMode::Add);
     EXPECT_TRUE(IsWindowVisible(Control(IDC_MATERIAL_APPLY)));
     EXPECT_TRUE(IsWindowEnabled(Control(IDC_NAME)));
-    EXPECT_FALSE(IsWindowEnabled(Control(IDC_MATERIAL_LIST)));
+    for (const int id :
+         {IDC_MATERIAL_LIST, IDC_FILTER_ALL, IDC_LOAD_FILE, IDC_URS_MATERIAL, CTreeListCtrl::kControlId}) {
+        EXPECT_FALSE(IsWindowEnabled(Control(id))) << id;
+    }
+    for (const int id : {IDC_NAME, IDC_DISPLAY_NAME, IDC_MANUFACTURER, IDC_DESCRIPTION}) EXPECT_EQ(Text(id), u"") << id;
     EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.01");
+    EXPECT_EQ(Text(IDC_PN), u"---");
+    EXPECT_TRUE(Checked(IDC_LABEL_DXT));
+    EXPECT_TRUE(Checked(IDC_SHAPE_CIRCLE));
     for (int id = IDC_USE_ZTI; id <= IDC_USE_HEATING; ++id) EXPECT_TRUE(Checked(id)) << id;
     Click(IDC_USE_ZTI);
     EXPECT_FALSE(Checked(IDC_USE_ZTI));

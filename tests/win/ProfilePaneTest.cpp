@@ -75,6 +75,7 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAr
     SelectProfile(3);
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
+    EXPECT_NE(pe.FindProfile(5), nullptr);
 
     // The price-list codes are stored when the selection moves on.
     SelectProfile(3);
@@ -227,6 +228,7 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileDeleteMovesTheSelectionAnd
         PostMessageW(range, WM_COMMAND, IDOK, 0);
     }));
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn80, kDn100, kDn125}));
+    EXPECT_EQ(pe.Profiles().size(), 3u);  // the old ones are gone from the material too
     gui::SaveScreenshot(L"profiles-circle");
 
     SelectProfile(kDn100);
