@@ -62,15 +62,6 @@ int CListView::InsertColumn(int index, std::u16string_view caption, int width, i
     return static_cast<int>(Send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column)));
 }
 
-int CListView::InsertItem(int index, const wchar_t* text, LPARAM data) const {
-    LVITEMW item{};
-    item.mask = LVIF_TEXT | LVIF_PARAM;
-    item.iItem = index;
-    item.pszText = text != nullptr ? const_cast<wchar_t*>(text) : LPSTR_TEXTCALLBACKW;
-    item.lParam = data;
-    return static_cast<int>(Send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
-}
-
 int CListView::GetNextItem(int start, UINT flags) const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(start), MAKELPARAM(flags, 0)));
 }
@@ -80,17 +71,6 @@ void CListView::SetItemState(int index, UINT state, UINT mask) const {
     item.state = state;
     item.stateMask = mask;
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-}
-
-LPARAM CListView::GetItemData(int index) const {
-    LVITEMW item{};
-    item.mask = LVIF_PARAM;
-    item.iItem = index;
-    return Send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) ? item.lParam : 0;
-}
-
-bool CListView::SortItems(PFNLVCOMPARE compare, LPARAM data) const {
-    return Send(LVM_SORTITEMS, static_cast<WPARAM>(data), reinterpret_cast<LPARAM>(compare)) != 0;
 }
 
 CToolTipCtrl::~CToolTipCtrl() {

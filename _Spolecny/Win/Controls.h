@@ -47,14 +47,9 @@ public:
     using CSubclassedWindow::CSubclassedWindow;
     void SetExtendedStyle(DWORD style) const { Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style)); }
     int InsertColumn(int index, std::u16string_view caption, int width, int format = LVCFMT_LEFT) const;
-    // A row whose first-column text is `text`, or supplied on request (LPSTR_TEXTCALLBACKW) when null.
-    int InsertItem(int index, const wchar_t* text, LPARAM data) const;
-    bool DeleteAllItems() const { return Send(LVM_DELETEALLITEMS) != 0; }
     int GetItemCount() const { return static_cast<int>(Send(LVM_GETITEMCOUNT)); }
     int GetNextItem(int start, UINT flags) const;
     void SetItemState(int index, UINT state, UINT mask) const;
-    LPARAM GetItemData(int index) const;
-    bool SortItems(PFNLVCOMPARE compare, LPARAM data) const;
 };
 
 // A tooltip window; unlike the other wrappers it creates and owns its window.

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "Win/CWin32UserMessages.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
 #include "win/MaterialEditorHarness.h"
@@ -12,42 +11,24 @@ namespace {
 
 using namespace material_dialogs;
 
-TEST_F(MaterialEditor, FileDialogAsksForACatalogueAndCancellingChangesNothing) {
-    AddMaterial(catalogue, u"PE");
-    Open();
-    DialogWatcher picker(L"Vyhledej soubor pro načtení katalogu potrubí", [&](HWND dialog) {
-        Sleep(500);  // let it draw for the picture
-        gui::SaveScreenshot(L"file-open");
-        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    });
-    Click(IDC_LOAD_FILE);
-    EXPECT_TRUE(picker.Stop());
-    EXPECT_EQ(editor.WorkingList().Count(), 1u);
-    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
-}
-
 // An installation in a temporary folder: the user's catalogue goes to data/Velmora, the standard
-// one comes from install/Velmora; a picked file lies beside them.
+// one comes from install/Velmora; the file picker picks `picked`.
 class EditorOnFiles : public MaterialEditor {
 protected:
     EditorOnFiles() {
         registry.Set(CRegistryValues::Hive::LocalMachine, u"CommonDataPath", root / u"data");
         registry.Set(CRegistryValues::Hive::LocalMachine, u"CommonInstallPath", root / u"install");
         std::filesystem::create_directories(root.Path() / "data");
+        std::filesystem::create_directories(root.Path() / "install" / "Velmora");
         editor.SetFilePicker([this](HWND) { return picked; });
     }
     std::filesystem::path UserFile() const { return root.Path() / "data" / "Velmora" / "Potrubi.qxp"; }
-    // Writes a catalogue of `list` where the picker will find it.
-    void PickCatalogueOf(CQvxSezMaterialu& list) {
+    // Writes a catalogue of `list` at `path` below the folder and lets the picker pick it.
+    void PickCatalogueOf(CQvxSezMaterialu& list, std::u16string_view path = u"picked.qxp") {
         const Bytes bytes = WriteCatalogue(list);
-        picked = root / u"picked.qxp";
+        picked = root / path;
         std::ofstream(std::filesystem::path(*picked), std::ios::binary)
             .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    }
-    TaskDialogWatcher::Seen ClickAnsweringTask(int id, int button) {
-        TaskDialogWatcher watcher(kCaption, button, editor.Handle());
-        Click(id);
-        return watcher.Stop();
     }
 
     TempFolder root;
@@ -56,76 +37,46 @@ protected:
     std::optional<std::u16string> picked;
 };
 
-// No adds the picked catalogue and lists every material while the radios stay; Yes clears the
-// list first, even when the picked file then fails to open.
-TEST_F(EditorOnFiles, LoadingAddsOrClearsAndListsEveryMaterialWhileTheRadiosStay) {
+// The standard catalogue joins or replaces the materials without a word. A picked one: No adds it
+// and lists every material while the radios stay; Yes clears the list first, even when the picked
+// file then fails to open. Only OK or a Yes on leaving writes the user's catalogue.
+TEST_F(EditorOnFiles, LoadingTheStandardOrAPickedCatalogueJoinsOrClearsAndListsEveryMaterial) {
     AddUsedFor(catalogue, u"Plynovod", 3, kMediumGas);
+    CQvxSezMaterialu standard;
+    AddUsedFor(standard, u"PE 100", 3, kMediumGas);
+    PickCatalogueOf(standard, u"install/Velmora/Potrubi_std.qxp");
     CQvxSezMaterialu other;
     AddUsedFor(other, u"Vodovod", 3, kMediumWater);
     AddUsedFor(other, u"Kanál", 3, kMediumSewage);
     PickCatalogueOf(other);
     Open();
-    Click(IDC_FILTER_WATER);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{}));
-    EXPECT_TRUE(ClickAnsweringTask(IDC_LOAD_FILE, IDNO)
-                    .Shows(L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)"));
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"Kanál", u"Plynovod", u"Vodovod"}));
-    EXPECT_TRUE(Checked(IDC_FILTER_WATER));
+
+    EXPECT_TRUE(ClickAnswering(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kAddMaterialsButton, true)
+                    .Shows(L"Vymazat stávající materiály?"));
+    EXPECT_EQ(ShownNames(editor), (Names{u"PE 100", u"Plynovod"}));
+    ClickAnswering(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kClearAndLoadButton, true);
+    EXPECT_EQ(ShownNames(editor), (Names{u"PE 100"}));
+    ClickAnswering(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kCancelLoadingButton, true);
+    EXPECT_EQ(editor.WorkingList().Count(), 1u);
     EXPECT_FALSE(editor.WorkingList().IsUnchanged());
-    EXPECT_FALSE(std::filesystem::exists(UserFile()));  // only OK or a Yes on leaving writes it
+    EXPECT_TRUE(messages.shown.empty());
+
+    Click(IDC_FILTER_WATER);
+    EXPECT_EQ(ShownNames(editor), Names{});
+    EXPECT_TRUE(ClickAnswering(IDC_LOAD_FILE, IDNO, true)
+                    .Shows(L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)"));
+    EXPECT_EQ(ShownNames(editor), (Names{u"Kanál", u"PE 100", u"Vodovod"}));
+    EXPECT_TRUE(Checked(IDC_FILTER_WATER));
 
     picked = root / u"zmizelý.qxp";
-    ClickAnsweringTask(IDC_LOAD_FILE, IDYES);
+    ClickAnswering(IDC_LOAD_FILE, IDYES, true);
     EXPECT_EQ(editor.WorkingList().Count(), 0u);
     EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
     EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor" + *picked);
     EXPECT_EQ(catalogue.Count(), 1u);
-}
-
-TEST_F(EditorOnFiles, StandardCatalogueReplacesOrJoinsTheMaterials) {
-    AddMaterial(catalogue, u"Vlastní");
-    CQvxSezMaterialu standard;
-    AddMaterial(standard, u"PE 100");
-    PickCatalogueOf(standard);
-    std::filesystem::create_directories(root.Path() / "install" / "Velmora");
-    std::filesystem::copy_file(std::filesystem::path(*picked), root.Path() / "install" / "Velmora" / "Potrubi_std.qxp");
-    Open();
-
-    EXPECT_TRUE(ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kAddMaterialsButton)
-                    .Shows(L"Vymazat stávající materiály?"));
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"PE 100", u"Vlastní"}));
-    ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kClearAndLoadButton);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"PE 100"}));
-    ClickAnsweringTask(IDC_LOAD_STANDARD, CQxDlgMatEdituj::kCancelLoadingButton);
-    EXPECT_EQ(editor.WorkingList().Count(), 1u);
-    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(EditorOnFiles, MergeAnsweredYesToAllThroughTheRealQuestion) {
-    CWin32UserMessages realMessages;
-    CUserMessagesScope installedReal(realMessages);
-    AddUsedFor(catalogue, u"A", 3, kMediumGas);
-    AddUsedFor(catalogue, u"B", 3, kMediumGas);
-    CQvxSezMaterialu other;
-    AddUsedFor(other, u"A", 3, kMediumWater);
-    AddUsedFor(other, u"B", 3, kMediumWater);
-    PickCatalogueOf(other);
-    Open();
-
-    TaskDialogWatcher overwrite(kCaption, CWin32UserMessages::TaskDialogButtonId(TaskDialogButtons::kYesToAll),
-                                editor.Handle(), L"Tento materiál již existuje, přepsat standardním?");
-    MessageBoxWatcher saveNow(L"Uložit materiály?", {IDNO});
-    TaskDialogWatcher noClearing(kCaption, IDNO, editor.Handle(),
-                                 L"Vymazat před načtením všechny materiály? (používané materiály vymazat nelze)");
-    Click(IDC_LOAD_FILE);  // first the clearing question, then one overwrite question for both
-    EXPECT_TRUE(noClearing.Stop().found);
-    EXPECT_TRUE(overwrite.Wait().Shows(L"A"));
-    EXPECT_TRUE(saveNow.Stop().found);
-    EXPECT_EQ(editor.WorkingList().Find(u"A")->Medium(), kMediumWater);
-    EXPECT_EQ(editor.WorkingList().Find(u"B")->Medium(), kMediumWater);
+    EXPECT_FALSE(std::filesystem::exists(UserFile()));
 }
 
 // Enter applies an edit (an empty name is refused) and does not close the editor; OK drops an
@@ -136,9 +87,7 @@ TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
     Click(IDC_MATERIAL_ADD);
     ASSERT_EQ(GetFocus(), Control(IDC_NAME));
     MSG enter{Control(IDC_NAME), WM_KEYDOWN, VK_RETURN, 0, 0, {}};  // as the message loop hands it over
-    MessageBoxWatcher empty(kCaption, {IDOK}, editor.Handle());
-    editor.ProcessMessage(enter);
-    EXPECT_EQ(empty.Stop().text, L"Název nesmí být prázdný");
+    EXPECT_EQ(Answering([&] { editor.ProcessMessage(enter); }).text, L"Název nesmí být prázdný");
     EXPECT_EQ(editor.Mode(), EditMode::Add);
     gui::SetText(Control(IDC_NAME), u"PVC");
     editor.ProcessMessage(enter);

@@ -54,9 +54,9 @@ private:
 };
 
 // Answers the dialogs of this process with the given title one after the other with the given
-// buttons (`clickMessage` with a button's id presses it), recording what each shows. With
-// `showing`, only the dialogs that show that text are answered.
-class DialogAnswers {
+// buttons, recording what each shows: message boxes (pressed with WM_COMMAND), or task dialogs
+// (TDM_CLICK_BUTTON). With `showing`, only the dialogs that show that text are answered.
+class MessageBoxWatcher {
 public:
     struct Seen {
         bool found = false;
@@ -70,7 +70,8 @@ public:
         }
     };
 
-    DialogAnswers(std::wstring title, std::vector<int> buttons, HWND ignored, std::wstring showing, UINT clickMessage)
+    explicit MessageBoxWatcher(std::wstring title, std::vector<int> buttons = {IDOK}, HWND ignored = nullptr,
+                               UINT clickMessage = WM_COMMAND, std::wstring showing = {})
         : buttons_(std::move(buttons)),
           watcher_(
               std::move(title),
@@ -81,10 +82,9 @@ public:
               ignored, [showing](HWND dialog) { return showing.empty() || Read(dialog).Shows(showing); },
               static_cast<int>(buttons_.size())) {}
 
-    // Waits until every dialog was answered or ten seconds passed; returns what the first showed.
+    // Waits until every dialog was answered or ten seconds passed, or (Stop) stops watching at
+    // once; returns what the first showed, with `found` false when none was shown.
     Seen Wait() { return watcher_.Wait() ? seen_.front() : Seen{}; }
-    // Stops watching (a dialog shown later is not answered); returns what the first showed, with
-    // `found` false when none was shown.
     Seen Stop() { return watcher_.Stop() ? seen_.front() : Seen{}; }
     // Stops watching and returns the texts of the message boxes answered, in order.
     std::vector<std::wstring> Texts() {
@@ -103,8 +103,7 @@ private:
         seen.text = text;
         seen.icon = reinterpret_cast<HICON>(SendDlgItemMessageW(dialog, 0x440, STM_GETICON, 0, 0));
         seen.owner = GetWindow(dialog, GW_OWNER);
-        for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
-             control = GetWindow(control, GW_HWNDNEXT)) {
+        for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
             if (GetWindowTextW(control, text, 1024) > 0) seen.texts.push_back(text);
         }
         return seen;
@@ -115,15 +114,9 @@ private:
     DialogWatcher watcher_;  // last: its thread may fill seen_ at once
 };
 
-// Answers message boxes (one with OK unless told).
-struct MessageBoxWatcher : DialogAnswers {
-    explicit MessageBoxWatcher(std::wstring caption, std::vector<int> answers = {IDOK}, HWND ignored = nullptr)
-        : DialogAnswers(std::move(caption), std::move(answers), ignored, {}, WM_COMMAND) {}
-};
-
 // Answers a task dialog by pressing the button of `buttonId`; with `showing`, only the one that
 // shows that text.
-struct TaskDialogWatcher : DialogAnswers {
+struct TaskDialogWatcher : MessageBoxWatcher {
     TaskDialogWatcher(std::wstring title, int buttonId, HWND ignored = nullptr, std::wstring showing = {})
-        : DialogAnswers(std::move(title), {buttonId}, ignored, std::move(showing), TDM_CLICK_BUTTON) {}
+        : MessageBoxWatcher(std::move(title), {buttonId}, ignored, TDM_CLICK_BUTTON, std::move(showing)) {}
 };

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +42,26 @@ inline std::u16string Text(HWND window) {
     std::vector<wchar_t> buffer(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1);
     GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
     return FromWide(buffer.data());
+}
+
+// The texts of a list view's first column, row by row (also from another thread).
+inline std::vector<std::u16string> ListTexts(HWND list) {
+    std::vector<std::u16string> texts;
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        wchar_t text[64] = {};
+        ListView_GetItemText(list, row, 0, text, 64);
+        texts.push_back(FromWide(text));
+    }
+    return texts;
+}
+// Selects and focuses the row showing `text`, as a click on it does; false when no row shows it.
+inline bool SelectRow(HWND list, std::u16string_view text) {
+    const std::vector<std::u16string> texts = ListTexts(list);
+    const auto row = static_cast<int>(std::find(texts.begin(), texts.end(), text) - texts.begin());
+    if (row == static_cast<int>(texts.size())) return false;
+    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetSelectionMark(list, row);
+    return true;
 }
 
 // What an edit shows, read through the parent's answer to WM_CTLCOLOREDIT.

@@ -16,12 +16,11 @@
 #include <string>
 
 #include "Dialogs/TreeListCtrl.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
 #include "support/TempFolder.h"
 #include "win/DialogWatcher.h"
+#include "win/GuiHarness.h"
 
 namespace {
 
@@ -34,19 +33,10 @@ void Press(HWND dialog, int button) {
 // Selects the row showing `name`, as a click on it would, and presses `button` (none: 0). A
 // missing row fails the test and cancels, so that the dialog does not wait for a user who is not
 // there.
-void Choose(HWND dialog, const std::wstring& name, int button = IDOK) {
-    const HWND list = GetDlgItem(dialog, IDC_MATERIAL_LIST);
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        wchar_t text[64] = {};
-        ListView_GetItemText(list, row, 0, text, 64);
-        if (name != text) continue;
-        ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-        ListView_SetSelectionMark(list, row);
-        if (button != 0) Press(dialog, button);
-        return;
-    }
-    ADD_FAILURE() << "no row shows " << std::string(name.begin(), name.end());
-    Press(dialog, IDCANCEL);
+void Choose(HWND dialog, std::u16string_view name, int button = IDOK) {
+    const bool shown = gui::SelectRow(GetDlgItem(dialog, IDC_MATERIAL_LIST), name);
+    EXPECT_TRUE(shown) << "no row shows the material";
+    if (!shown || button != 0) Press(dialog, shown ? button : IDCANCEL);
 }
 
 // Whether version 6 of the common controls (a side-by-side assembly) is loaded in this process:
@@ -106,12 +96,29 @@ protected:
     int dnIndex = 99;
 };
 
-TEST_F(HostEntry, PicksAMaterialAndOneOfItsProfiles) {
+// The editor's OK changes the open catalogue and the user's file; the selection dialog then gives a
+// material with one of its profiles or alone, and the library tells what failed.
+TEST_F(HostEntry, EditorsOkChangesTheCatalogueAndTheFileAndASelectionGivesAMaterialAndAProfile) {
     ASSERT_NE(catalogue, nullptr);
+    DialogWatcher user(L"Materiály potrubí", [](HWND editor) {
+        EXPECT_NE(GetDlgItem(editor, IDC_MATERIAL_ADD), nullptr) << "the editor";
+        Choose(editor, u"Beton", IDC_MATERIAL_DELETE);
+        Press(editor, IDOK);
+    });
+    EXPECT_EQ(VelmoraEditMaterials(catalogue, nullptr, VELMORA_PLACEMENT_ALL, VELMORA_MEDIUM_ALL), VELMORA_OK);
+    EXPECT_TRUE(user.Stop());
+    std::ifstream file(folder.Path() / "Velmora" / "Potrubi.qxp", std::ios::binary);
+    CQvxSezMaterialu saved;
+    ReadCatalogue(saved, Bytes(std::istreambuf_iterator<char>(file), {}));
+    EXPECT_EQ(saved.Count(), 2u);
+    EXPECT_EQ(saved.Find(u"Beton"), nullptr);
+
     bool waterFilterShown = false;
+    int rows = 0;
     const int result = Select(true, VELMORA_NAME_SIZE, [&](HWND dialog) {
         waterFilterShown = IsDlgButtonChecked(dialog, IDC_FILTER_WATER) == BST_CHECKED;
-        Choose(dialog, L"PE 100", 0);
+        rows = ListView_GetItemCount(GetDlgItem(dialog, IDC_MATERIAL_LIST));
+        Choose(dialog, u"PE 100", 0);
         const HWND profiles = GetDlgItem(dialog, CTreeListCtrl::kControlId);
         TreeView_SelectItem(profiles, TreeView_GetNextSibling(profiles, TreeView_GetRoot(profiles)));
         Press(dialog, IDOK);  // "Vyber"
@@ -120,47 +127,24 @@ TEST_F(HostEntry, PicksAMaterialAndOneOfItsProfiles) {
     EXPECT_STREQ(name, L"PE 100");
     EXPECT_EQ(dnIndex, 14);
     EXPECT_TRUE(waterFilterShown);
+    EXPECT_EQ(rows, 2);
     EXPECT_TRUE(CommonControls6Loaded());
-}
 
-TEST_F(HostEntry, MaterialAloneCancelledOrNotFitting) {
-    EXPECT_EQ(Select(false, VELMORA_NAME_SIZE, [](HWND dialog) { Choose(dialog, L"PVC"); }), VELMORA_OK);
+    EXPECT_EQ(Select(false, VELMORA_NAME_SIZE, [](HWND dialog) { Choose(dialog, u"PVC"); }), VELMORA_OK);
     EXPECT_STREQ(name, L"PVC");
     EXPECT_EQ(dnIndex, VELMORA_NO_PROFILE);
 
     EXPECT_EQ(Select(false, VELMORA_NAME_SIZE, [](HWND dialog) { Press(dialog, IDCANCEL); }), VELMORA_CANCELLED);
     EXPECT_STREQ(name, L"");
 
-    // "Beton" needs six characters with its terminating zero.
-    EXPECT_EQ(Select(false, 5, [](HWND dialog) { Choose(dialog, L"Beton"); }), VELMORA_NAME_TOO_LONG);
+    // "PVC" needs four characters with its terminating zero.
+    EXPECT_EQ(Select(false, 3, [](HWND dialog) { Choose(dialog, u"PVC"); }), VELMORA_NAME_TOO_LONG);
     EXPECT_STREQ(name, L"");
 
     EXPECT_EQ(VelmoraSelectMaterial(catalogue, nullptr, VELMORA_PLACEMENT_ALL, 0, 0, name, VELMORA_NAME_SIZE, nullptr),
               VELMORA_INVALID_ARGUMENT);
     EXPECT_EQ(VelmoraSelectMaterial(nullptr, nullptr, 1, 1, 0, name, VELMORA_NAME_SIZE, nullptr),
               VELMORA_INVALID_ARGUMENT);
-}
-
-TEST_F(HostEntry, EditorsOkChangesTheCatalogueAndTheUsersFile) {
-    DialogWatcher user(L"Materiály potrubí", [](HWND editor) {
-        EXPECT_NE(GetDlgItem(editor, IDC_MATERIAL_ADD), nullptr) << "the editor";
-        Choose(editor, L"Beton", IDC_MATERIAL_DELETE);
-        Press(editor, IDOK);
-    });
-    EXPECT_EQ(VelmoraEditMaterials(catalogue, nullptr, VELMORA_PLACEMENT_ALL, VELMORA_MEDIUM_ALL), VELMORA_OK);
-    EXPECT_TRUE(user.Stop());
-
-    int rows = 0;
-    Select(false, VELMORA_NAME_SIZE, [&](HWND dialog) {
-        rows = ListView_GetItemCount(GetDlgItem(dialog, IDC_MATERIAL_LIST));
-        Press(dialog, IDCANCEL);
-    });
-    EXPECT_EQ(rows, 2);
-    std::ifstream file(folder.Path() / "Velmora" / "Potrubi.qxp", std::ios::binary);
-    CQvxSezMaterialu saved;
-    ReadCatalogue(saved, Bytes(std::istreambuf_iterator<char>(file), {}));
-    EXPECT_EQ(saved.Count(), 2u);
-    EXPECT_EQ(saved.Find(u"Beton"), nullptr);
 }
 
 }  // namespace

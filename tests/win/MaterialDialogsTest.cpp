@@ -13,13 +13,18 @@ namespace {
 
 using namespace material_dialogs;
 
-// An empty catalogue offers only adding. A new material starts from the defaults with every
-// usage box checked; the last box of a group cannot be cleared, and the balloon saying so stands
-// on "Název:".
-TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaults) {
+// An empty catalogue offers only adding and loading; cancelling the file dialog changes nothing. A
+// new material starts from the defaults with every usage box checked; the last box of a group
+// cannot be cleared, and the balloon saying so stands on "Název:".
+TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaultsAndLoading) {
     Open();
     EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
-    EXPECT_EQ(editor.CurrentIndex(), -1);
+    EXPECT_TRUE(ClickShowing(IDC_LOAD_FILE, L"Vyhledej soubor pro načtení katalogu potrubí", [](HWND picker) {
+        Sleep(500);  // let it draw for the picture
+        gui::SaveScreenshot(L"file-open");
+        PostMessageW(picker, WM_COMMAND, IDCANCEL, 0);
+    }));
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
     for (const int id : {IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT}) Click(id);
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
     EXPECT_FALSE(IsWindowVisible(Control(IDC_MATERIAL_APPLY)));
@@ -50,8 +55,22 @@ TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaults
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
     EXPECT_EQ(Text(IDC_NAME), u"");
     EXPECT_EQ(editor.WorkingList().Count(), 0u);
+}
 
-    // Screen readers name the icon buttons by their captions.
+// Screen readers name each field by the label standing directly before it (which makes the tab
+// order read as the dialog does), and the icon buttons by their captions.
+TEST_F(MaterialEditor, LabelsComeDirectlyBeforeTheirControlsAndIconButtonsHaveCaptions) {
+    Open();
+    const int labelsAndControls[] = {IDC_NAME_LABEL,         IDC_NAME,         IDC_DISPLAY_NAME_LABEL, IDC_DISPLAY_NAME,
+                                     IDC_MANUFACTURER_LABEL, IDC_MANUFACTURER, IDC_DESCRIPTION_LABEL,  IDC_DESCRIPTION,
+                                     IDC_PN_LABEL,           IDC_PN,           IDC_SDR_LABEL,          IDC_SDR,
+                                     IDC_ROUGHNESS_LABEL,    IDC_ROUGHNESS,    IDC_LABEL_MODE_LABEL,   IDC_LABEL_DN,
+                                     IDC_URS_INSTALL_LABEL,  IDC_URS_INSTALL,  IDC_URS_MATERIAL_LABEL, IDC_URS_MATERIAL,
+                                     IDC_MATERIALS_HEADING,  IDC_MATERIAL_LIST};
+    for (std::size_t i = 0; i < std::size(labelsAndControls); i += 2) {
+        EXPECT_EQ(GetWindow(Control(labelsAndControls[i]), GW_HWNDNEXT), Control(labelsAndControls[i + 1])) << i;
+    }
+    EXPECT_EQ(GetWindow(Control(IDC_PROFILE_PLACE), GW_HWNDNEXT), editor.ProfilePane().Handle());
     const std::pair<int, const char16_t*> captions[] = {{IDC_MATERIAL_ADD, u"+"},  {IDC_MATERIAL_DELETE, u"X"},
                                                         {IDC_MATERIAL_COPY, u"%"}, {IDC_MATERIAL_EDIT, u"..."},
                                                         {IDC_PROFILE_ADD, u"+"},   {IDC_PROFILE_DELETE, u"X"}};
@@ -65,7 +84,7 @@ TEST_F(MaterialEditor, FilterRadiosListByBothMasksSortedCaseBlind) {
     filter = {kPlacementAll, kMediumWater};
     Open();
     // Opening lists everything; the radios show the caller's filter.
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"kanál a voda", u"Plynovod"}));
+    EXPECT_EQ(ShownNames(editor), (Names{u"kanál a voda", u"Plynovod"}));
     EXPECT_TRUE(Checked(IDC_FILTER_WATER));
     EXPECT_TRUE(Checked(IDC_SCOPE_ALL));
 
@@ -84,7 +103,9 @@ TEST_F(MaterialEditor, FilterRadiosListByBothMasksSortedCaseBlind) {
     EXPECT_EQ(editor.CurrentIndex(), 0);
 }
 
-TEST_F(MaterialEditor, CopyNeedsANewNameAndRenamesAreChecked) {
+// A copy needs a new name and a rename one of no other material; a used material is not deleted,
+// and nothing is said.
+TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) {
     AddUsedFor(catalogue, u"PE", 3, 31).AddProfile(11);
     AddUsedFor(catalogue, u"PVC", 3, 31);
     Open();
@@ -102,9 +123,8 @@ TEST_F(MaterialEditor, CopyNeedsANewNameAndRenamesAreChecked) {
     gui::SetText(Control(IDC_NAME), u"PE kopie");
     Click(IDC_MATERIAL_APPLY);
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
-    ASSERT_NE(editor.WorkingList().Find(u"PE kopie"), nullptr);
-    EXPECT_EQ(editor.WorkingList().Find(u"PE kopie")->Profiles().size(), 1u);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"PE", u"PE kopie", u"PVC"}));
+    EXPECT_EQ(MaterialNamed(editor.WorkingList(), u"PE kopie").Profiles().size(), 1u);
+    EXPECT_EQ(ShownNames(editor), (Names{u"PE", u"PE kopie", u"PVC"}));
     EXPECT_EQ(catalogue.Count(), 2u);  // the caller's list waits for OK
 
     SelectRowOf(u"PE");
@@ -121,30 +141,22 @@ TEST_F(MaterialEditor, CopyNeedsANewNameAndRenamesAreChecked) {
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
     EXPECT_FALSE(editor.WorkingList().IsUnchanged());
     EXPECT_FALSE(IsWindowVisible(Control(IDC_MATERIAL_APPLY)));
-}
 
-TEST_F(MaterialEditor, UsedMaterialIsNotDeletedAndNothingIsSaid) {
-    AddMaterial(catalogue, u"A");
-    AddMaterial(catalogue, u"B");
-    Open();
     CQvxMaterial* user = nullptr;
-    editor.WorkingList().Find(u"A")->Users().Register(&user);
-    SelectRowOf(u"A");
+    editor.WorkingList().Find(u"PE")->Users().Register(&user);
     EXPECT_FALSE(ClickAnswering(IDC_MATERIAL_DELETE).found);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"A", u"B"}));
-
-    SelectRowOf(u"A");
-    editor.WorkingList().Find(u"A")->Users().Clear();
+    EXPECT_EQ(ShownNames(editor), (Names{u"PE", u"PE kopie", u"PVC"}));
+    SelectRowOf(u"PE");
+    editor.WorkingList().Find(u"PE")->Users().Clear();
     Click(IDC_MATERIAL_DELETE);
-    EXPECT_EQ(ShownNames(editor), (std::vector<std::u16string>{u"B"}));
-    EXPECT_EQ(editor.WorkingList().Find(u"A"), nullptr);
-    EXPECT_EQ(Text(IDC_NAME), u"B");  // the row that took the deleted one's place is shown
+    EXPECT_EQ(ShownNames(editor), (Names{u"PE kopie", u"PVC"}));
+    EXPECT_EQ(editor.WorkingList().Find(u"PE"), nullptr);
+    EXPECT_EQ(Text(IDC_NAME), u"PE kopie");  // the row that took the deleted one's place is shown
 }
 
 // What a material holds shows in the fields, and what the fields show after an edit goes back
-// into it.
-// "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the affixes as
-// they were.
+// into it. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the
+// affixes as they were.
 TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EditMaterial(AddMaterial(catalogue, u"PE"), [](MaterialExchangeRecord& record) {
         record.prefix = u"d";
@@ -170,15 +182,13 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     gui::SetText(Control(IDC_MANUFACTURER), u"Litina");
     SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, 0, 0);
     for (const int id : {IDC_USE_NETWORKS, IDC_USE_GAS, IDC_SHAPE_RECTANGLE}) Click(id);
-    std::vector<std::u16string> affixes;
-    DialogWatcher cancel(L"Zadej formát popisu", [&](HWND dialog) {
-        affixes = {gui::Text(GetDlgItem(dialog, IDC_PREFIX)), gui::Text(GetDlgItem(dialog, IDC_SUFFIX))};
+    Names affixes;
+    ASSERT_TRUE(ClickShowing(IDC_LABEL_CUSTOM, L"Zadej formát popisu", [&](HWND description) {
+        affixes = {gui::Text(GetDlgItem(description, IDC_PREFIX)), gui::Text(GetDlgItem(description, IDC_SUFFIX))};
         gui::SaveScreenshot(L"description");
-        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    });
-    Click(IDC_LABEL_CUSTOM);
-    ASSERT_TRUE(cancel.Stop());
-    EXPECT_EQ(affixes, (std::vector<std::u16string>{u"d", u"mm"}));
+        PostMessageW(description, WM_COMMAND, IDCANCEL, 0);
+    }));
+    EXPECT_EQ(affixes, (Names{u"d", u"mm"}));
     EXPECT_TRUE(Checked(IDC_LABEL_CUSTOM));
     Click(IDC_MATERIAL_APPLY);
     ASSERT_EQ(editor.Mode(), EditMode::Browse);
@@ -193,43 +203,21 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
 }
 
-// The figures are printed for people; the test checks that every row is listed in order.
+// The figure is printed for people; the test checks that every row is listed in order.
 TEST_F(MaterialEditor, TenThousandMaterialsOpenAndFilterWithoutAPause) {
     for (int i = 0; i < 10000; ++i) {
         const std::string name = "Mat " + std::to_string(10000 + (i * 7919) % 10000).substr(1);
         AddUsedFor(catalogue, std::u16string(name.begin(), name.end()), 3, 1 << (i % 5));
     }
-    auto start = std::chrono::steady_clock::now();
-    const auto ms = [&start] {
-        const auto from = std::exchange(start, std::chrono::steady_clock::now());
-        return std::chrono::duration<double, std::milli>(start - from).count();
-    };
-    editor.PrepareEditing(catalogue, filter);
-    std::printf("[ figures  ] 10,000 materials: working copy %.0f ms", ms());
-    Show();
-    std::printf(", opening %.0f ms", ms());
+    Open();
+    const auto start = std::chrono::steady_clock::now();
     Click(IDC_FILTER_ALL);
-    std::printf(", FillList with its sort %.0f ms\n", ms());
-    const std::vector<std::u16string> shown = ShownNames(editor);
+    const std::chrono::duration<double, std::milli> filling = std::chrono::steady_clock::now() - start;
+    std::printf("[ figures  ] 10,000 materials: FillList with its sort %.0f ms\n", filling.count());
+    const Names shown = ShownNames(editor);
     ASSERT_EQ(shown.size(), 10000u);
     EXPECT_EQ(shown.front(), u"Mat 0000");
     EXPECT_EQ(shown.back(), u"Mat 9999");
-}
-
-// Every label stands directly before its control, so that the tab order reads as the dialog does
-// and screen readers name each field by its label.
-TEST_F(MaterialEditor, LabelsComeDirectlyBeforeTheirControls) {
-    Open();
-    const int labelsAndControls[] = {IDC_NAME_LABEL,         IDC_NAME,         IDC_DISPLAY_NAME_LABEL, IDC_DISPLAY_NAME,
-                                     IDC_MANUFACTURER_LABEL, IDC_MANUFACTURER, IDC_DESCRIPTION_LABEL,  IDC_DESCRIPTION,
-                                     IDC_PN_LABEL,           IDC_PN,           IDC_SDR_LABEL,          IDC_SDR,
-                                     IDC_ROUGHNESS_LABEL,    IDC_ROUGHNESS,    IDC_LABEL_MODE_LABEL,   IDC_LABEL_DN,
-                                     IDC_URS_INSTALL_LABEL,  IDC_URS_INSTALL,  IDC_URS_MATERIAL_LABEL, IDC_URS_MATERIAL,
-                                     IDC_MATERIALS_HEADING,  IDC_MATERIAL_LIST};
-    for (std::size_t i = 0; i < std::size(labelsAndControls); i += 2) {
-        EXPECT_EQ(GetWindow(Control(labelsAndControls[i]), GW_HWNDNEXT), Control(labelsAndControls[i + 1])) << i;
-    }
-    EXPECT_EQ(GetWindow(Control(IDC_PROFILE_PLACE), GW_HWNDNEXT), editor.ProfilePane().Handle());
 }
 
 TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {
@@ -239,17 +227,16 @@ TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {
     EXPECT_EQ(Text(IDC_PROFILES_HEADING), u"Vyber profil potrubí");
     EXPECT_EQ(Text(IDC_MATERIALS_HEADING), u"Materiály potrubí");
     EXPECT_TRUE(Checked(IDC_FILTER_GAS));
-    EXPECT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Beton", u"PE"}));  // every material at first
+    EXPECT_EQ(ShownNames(dialog), (Names{u"Beton", u"PE"}));  // every material at first
     EXPECT_FALSE(IsWindowEnabled(Control(IDC_NAME)));
     gui::SaveScreenshot(L"selection");
 
     EXPECT_EQ(ClickAnswering(IDOK).text, L"Není vybrána žádný profil");  // Beton has no profile
     EXPECT_FALSE(dialog.HasEnded());
-    MessageBoxWatcher watcher(kCaption, {IDOK}, dialog.Handle());
     NMITEMACTIVATE click{};
     click.hdr = {dialog.MaterialList().Handle(), IDC_MATERIAL_LIST, static_cast<UINT>(NM_DBLCLK)};
-    SendMessageW(dialog.Handle(), WM_NOTIFY, IDC_MATERIAL_LIST, reinterpret_cast<LPARAM>(&click));
-    EXPECT_EQ(watcher.Stop().text, L"Je třeba vybrat profil z vedlejšího seznamu");
+    EXPECT_EQ(Answering([&] { dialog.Send(WM_NOTIFY, IDC_MATERIAL_LIST, reinterpret_cast<LPARAM>(&click)); }).text,
+              L"Je třeba vybrat profil z vedlejšího seznamu");
     EXPECT_FALSE(dialog.HasEnded());
 }
 
@@ -265,32 +252,27 @@ TEST_F(MaterialSelection, EmptyResultIsRefusedAndTheEditorOpenedFromItListsEvery
     EXPECT_EQ(ClickAnswering(IDOK).text, L"Není vybrána žádný materiál");
     EXPECT_FALSE(dialog.HasEnded());
     Click(IDC_FILTER_GAS);
-    ASSERT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Plynovod"}));
+    ASSERT_EQ(ShownNames(dialog), (Names{u"Plynovod"}));
 
     FakeRegistryValues noFolders;  // the editor's OK saves: let it find no folder to write to
     CRegistryValuesScope installedRegistry{noFolders};
     bool ownerEnabled = true;
     int paneUsers = 0;
-    DialogWatcher user(
-        kCaption,
-        [&](HWND editor) {
-            ownerEnabled = IsWindowEnabled(dialog.Handle()) != FALSE;
-            paneUsers = TreeListResources::Users();  // both profile panes share the drawing resources
-            PostMessageW(GetDlgItem(editor, IDC_MATERIAL_ADD), BM_CLICK, 0, 0);
-            Sleep(200);
-            SendDlgItemMessageW(editor, IDC_NAME, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Ocel"));
-            PostMessageW(GetDlgItem(editor, IDC_NAME), WM_KEYDOWN, VK_RETURN, 0);
-            Sleep(200);
-            PostMessageW(editor, WM_COMMAND, IDOK, 0);
-        },
-        dialog.Handle());
-    Click(IDC_EDIT_MATERIALS);
-    ASSERT_TRUE(user.Stop());
+    ASSERT_TRUE(ClickShowing(IDC_EDIT_MATERIALS, kCaption, [&](HWND editor) {
+        ownerEnabled = IsWindowEnabled(dialog.Handle()) != FALSE;
+        paneUsers = TreeListResources::Users();  // both profile panes share the drawing resources
+        PostMessageW(GetDlgItem(editor, IDC_MATERIAL_ADD), BM_CLICK, 0, 0);
+        Sleep(200);
+        SendDlgItemMessageW(editor, IDC_NAME, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Ocel"));
+        PostMessageW(GetDlgItem(editor, IDC_NAME), WM_KEYDOWN, VK_RETURN, 0);
+        Sleep(200);
+        PostMessageW(editor, WM_COMMAND, IDOK, 0);
+    }));
     EXPECT_FALSE(ownerEnabled);
     EXPECT_TRUE(IsWindowEnabled(dialog.Handle()));
     EXPECT_EQ(paneUsers, 1);
     EXPECT_EQ(TreeListResources::Users(), 0);
-    EXPECT_EQ(ShownNames(dialog), (std::vector<std::u16string>{u"Beton", u"Ocel", u"Plynovod"}));
+    EXPECT_EQ(ShownNames(dialog), (Names{u"Beton", u"Ocel", u"Plynovod"}));
     EXPECT_TRUE(Checked(IDC_FILTER_GAS));
 }
 

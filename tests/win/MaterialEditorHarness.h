@@ -1,11 +1,11 @@
 #pragma once
 
 // Shared set-up of the material dialogs' Windows tests: a catalogue, the selection dialog or the
-// editor open modeless over it, and helpers that click, select rows and answer message boxes.
+// editor open modeless over it, and helpers that click, select rows and answer what is shown.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +19,7 @@
 namespace material_dialogs {
 
 inline constexpr wchar_t kCaption[] = L"Materiály potrubí";
+using Names = std::vector<std::u16string>;
 
 inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name, int32_t placement, int32_t medium) {
     CQvxMaterial& material = AddMaterial(list, name);
@@ -30,15 +31,8 @@ inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name
 }
 
 // What a dialog's material list shows in its first column, row by row.
-inline std::vector<std::u16string> ShownNames(const CQxDlgMatVyber& dialog) {
-    std::vector<std::u16string> names;
-    const CListView& list = dialog.MaterialList();
-    for (int row = 0; row < list.GetItemCount(); ++row) {
-        wchar_t text[64] = {};
-        ListView_GetItemText(list.Handle(), row, 0, text, 64);
-        names.push_back(FromWide(text));
-    }
-    return names;
+inline Names ShownNames(const CQxDlgMatVyber& dialog) {
+    return gui::ListTexts(dialog.MaterialList().Handle());
 }
 
 // One of the material dialogs, open modeless over `catalogue` once the test calls Show.
@@ -57,18 +51,24 @@ protected:
         gui::Click(Control(id));
         gui::Pump(dialog);
     }
-    // Clicks `id` and answers the message box it shows.
-    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK) {
-        MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle());
+    // Does `action` and answers the message box it shows (with `task`, the task dialog).
+    MessageBoxWatcher::Seen Answering(const std::function<void()>& action, int answer = IDOK, bool task = false) {
+        MessageBoxWatcher watcher(kCaption, {answer}, dialog.Handle(), task ? TDM_CLICK_BUTTON : WM_COMMAND);
+        action();
+        return watcher.Stop();
+    }
+    MessageBoxWatcher::Seen ClickAnswering(int id, int answer = IDOK, bool task = false) {
+        return Answering([&] { Click(id); }, answer, task);
+    }
+    // Clicks `id` and hands the dialog titled `title` that it shows to `answer`, which closes it;
+    // false when none was shown.
+    bool ClickShowing(int id, const wchar_t* title, std::function<void(HWND)> answer) {
+        DialogWatcher watcher(title, std::move(answer), dialog.Handle());
         Click(id);
         return watcher.Stop();
     }
     void SelectRowOf(std::u16string_view name) {
-        const std::vector<std::u16string> names = ShownNames(dialog);
-        const auto row = static_cast<int>(std::find(names.begin(), names.end(), name) - names.begin());
-        ASSERT_LT(row, static_cast<int>(names.size())) << "no row shows the material";
-        dialog.MaterialList().SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-        dialog.MaterialList().Send(LVM_SETSELECTIONMARK, 0, row);
+        ASSERT_TRUE(gui::SelectRow(dialog.MaterialList().Handle(), name)) << "no row shows the material";
         gui::Pump(dialog);
     }
     std::u16string Text(int id) const { return gui::Text(Control(id)); }

@@ -25,24 +25,18 @@ protected:
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
-    // The pane's rows from the top, with the DN index of each row's profile.
-    std::vector<std::pair<int, HTREEITEM>> Rows() const {
-        std::vector<std::pair<int, HTREEITEM>> rows;
-        for (HTREEITEM row = Pane().GetNextItem(nullptr, TVGN_ROOT); row; row = Pane().GetNextItem(row, TVGN_NEXT)) {
-            rows.emplace_back(reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(), row);
-        }
-        return rows;
-    }
-    HTREEITEM RowOf(int dnIndex) const {
-        for (const auto& [dn, row] : Rows()) {
-            if (dn == dnIndex) return row;
-        }
-        return nullptr;
-    }
+    HTREEITEM Next(HTREEITEM row) const { return Pane().GetNextItem(row, row ? TVGN_NEXT : TVGN_ROOT); }
+    int DnOf(HTREEITEM row) const { return reinterpret_cast<CQvxProfil*>(Pane().GetItemParam(row))->DnIndex(); }
+    // The DN indexes of the pane's rows' profiles, from the top.
     std::vector<int> RowDns() const {
         std::vector<int> dns;
-        for (const auto& row : Rows()) dns.push_back(row.first);
+        for (HTREEITEM row = Next(nullptr); row; row = Next(row)) dns.push_back(DnOf(row));
         return dns;
+    }
+    HTREEITEM RowOf(int dnIndex) const {
+        HTREEITEM row = Next(nullptr);
+        while (row && DnOf(row) != dnIndex) row = Next(row);
+        return row;
     }
     // Selects the first material row anew, as a click on it does.
     void ReselectFirstMaterial() {
@@ -78,7 +72,6 @@ protected:
 
 TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAreStored) {
     CQvxMaterial& pe = OpenWith({3, 4});
-    EXPECT_EQ(Pane().CellText(RowOf(4), kDnColumn), u"");  // the owner supplies every cell
     SelectProfile(3);
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
@@ -147,10 +140,10 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     gui::RealClick(point);
     gui::Pump(editor, 100);
     EXPECT_FALSE(IsWindowVisible(cellEditor));
-    EXPECT_EQ(Pane().GetSelection(), RowOf(kDn80));
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
     EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
     EXPECT_FLOAT_EQ(dn100.OuterDiameter(), 110);
-    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // still the owner's
+    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // the owner still supplies the text
     EXPECT_FALSE(editor.WorkingList().IsUnchanged());
 
     TypeIntoCell(kDn100, kWallColumn, u"55");
@@ -177,11 +170,8 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
     EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
 
-    MessageBoxWatcher silence(kCaption, {IDOK}, editor.Handle());
-    choose(kDn100, kDn125);  // taken: nothing changes, nothing is said
-    EXPECT_FALSE(silence.Stop().found);
+    EXPECT_FALSE(Answering([&] { choose(kDn100, kDn125); }).found);  // taken: nothing changes, nothing is said
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-    EXPECT_NE(pe.FindProfile(kDn100), nullptr);
 }
 
 // A digit typed into a selected number cell starts its edit. Left at the start of the text stays
@@ -228,27 +218,25 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
     EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
 }
 
-TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection) {
+TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileDeleteMovesTheSelectionAndOtherShapesShowHeightAndWidth) {
     CQvxMaterial& pe = OpenWith({3, 4, 20});
-    DialogWatcher range(L"Výběr rozsahu DN", [](HWND dialog) {
-        SendDlgItemMessageW(dialog, IDC_DN_FROM, CB_SETCURSEL, kDn80, 0);
-        SendDlgItemMessageW(dialog, IDC_DN_TO, CB_SETCURSEL, kDn125, 0);
+    ASSERT_TRUE(ClickShowing(IDC_PROFILE_GENERATE, L"Výběr rozsahu DN", [](HWND range) {
+        SendDlgItemMessageW(range, IDC_DN_FROM, CB_SETCURSEL, kDn80, 0);
+        SendDlgItemMessageW(range, IDC_DN_TO, CB_SETCURSEL, kDn125, 0);
         Sleep(300);  // let it draw for the picture
         gui::SaveScreenshot(L"dn-range");
-        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    });
-    Click(IDC_PROFILE_GENERATE);
-    ASSERT_TRUE(range.Stop());
+        PostMessageW(range, WM_COMMAND, IDOK, 0);
+    }));
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn80, kDn100, kDn125}));
-    EXPECT_EQ(pe.Profiles().size(), 3u);
+    EXPECT_EQ(pe.Profiles().size(), 3u);  // the old ones are gone from the material too
     gui::SaveScreenshot(L"profiles-circle");
 
     SelectProfile(kDn100);
     Click(IDC_PROFILE_DELETE);
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn80, kDn125}));
-    EXPECT_EQ(Pane().GetSelection(), RowOf(kDn125));
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn125);
     Click(IDC_PROFILE_DELETE);  // the last row: the selection goes back to the new last one
-    EXPECT_EQ(Pane().GetSelection(), RowOf(kDn80));
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
 
     CQvxProfil* user = nullptr;
     pe.FindProfile(kDn80)->Users().Register(&user);
@@ -259,21 +247,18 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileAndDeleteMovesTheSelection
               L"Opravdu vymazat všechny profily?\ntento krok je nevratný");
     EXPECT_TRUE(pe.Profiles().empty());
     EXPECT_EQ(Pane().GetCount(), 0);
-}
 
-TEST_F(ProfilePaneEditor, OtherShapesShowHeightAndWidth) {
-    AddMaterial(catalogue, u"Kolektor").AddProfile(kDn100);
-    Open();
-    // The working copy does not take the shape over from the caller's list: set it there.
-    EditMaterial(*editor.WorkingList().Find(u"Kolektor"),
-                 [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
+    // Other shapes than the circle show height and width. (The working copy does not take the
+    // shape over from the caller's list: it is set there.)
+    pe.AddProfile(kDn100);
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
     ReselectFirstMaterial();
     wchar_t title[32] = {};
     TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 32, 0, 0};
     Pane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
     EXPECT_STREQ(title, L"Výška");
     TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
-    EXPECT_EQ(editor.WorkingList().Find(u"Kolektor")->FindProfile(kDn100)->Width(), 1600);
+    EXPECT_EQ(pe.FindProfile(kDn100)->Width(), 1600);
     gui::SaveScreenshot(L"profiles-rectangle");
 }
 

@@ -11,8 +11,6 @@
 #include <string>
 
 #include "Win/WideText.h"
-#include "_Velmora/CQvxMaterial.h"
-#include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
 #include "win/DialogWatcher.h"
@@ -22,15 +20,6 @@ namespace {
 std::wstring FromEnvironment(const wchar_t* name) {
     const wchar_t* value = _wgetenv(name);
     return value != nullptr ? value : L"";
-}
-
-// The program the folder values of the prefix belong to: the installed one, or the one built here.
-std::wstring ProgramPath() {
-    wchar_t tests[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, tests, MAX_PATH);
-    const std::wstring installed = FromEnvironment(L"VELMORA_PROGRAM");
-    const std::wstring folder(tests);
-    return installed.empty() ? folder.substr(0, folder.find_last_of(L'\\')) + L"\\..\\Velmora\\Velmora.exe" : installed;
 }
 
 // The window of the material dialogs (another process's): titled "Materiály potrubí", with the
@@ -65,10 +54,10 @@ struct StartedProgram {
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
     }
-    // The exit code once the program has ended within `milliseconds`; STILL_ACTIVE otherwise.
-    DWORD WaitForExit(DWORD milliseconds) const {
+    // The exit code once the program has ended within ten seconds; STILL_ACTIVE otherwise.
+    DWORD ExitCode() const {
         DWORD exitCode = STILL_ACTIVE;
-        if (WaitForSingleObject(process.hProcess, milliseconds) == WAIT_OBJECT_0)
+        if (WaitForSingleObject(process.hProcess, 10000) == WAIT_OBJECT_0)
             GetExitCodeProcess(process.hProcess, &exitCode);
         return exitCode;
     }
@@ -84,11 +73,10 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
     ASSERT_EQ(GetFileAttributesW(userCatalogue.c_str()), INVALID_FILE_ATTRIBUTES);
 
     TaskDialogWatcher firstRun(L"Materiály potrubí", IDOK);
-    StartedProgram program(ProgramPath());
+    StartedProgram program(FromEnvironment(L"VELMORA_PROGRAM"));
     ASSERT_TRUE(program.started);
 
     const TaskDialogWatcher::Seen& seen = firstRun.Wait();
-    EXPECT_TRUE(seen.found);
     EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\n" + userCatalogue));
     EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
 
@@ -98,7 +86,7 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
     EXPECT_EQ(SendDlgItemMessageW(editor, IDC_MATERIAL_LIST, LVM_GETITEMCOUNT, 0, 0), 31);
 
     PostMessageW(editor, WM_CLOSE, 0, 0);
-    EXPECT_EQ(program.WaitForExit(10000), 0u);
+    EXPECT_EQ(program.ExitCode(), 0u);
 }
 
 // The sample host asks for a material for water pipes and a profile. The user moves down the list
@@ -133,7 +121,7 @@ TEST(Program, SampleHostPicksAMaterialAndAProfile) {
     PostMessageW(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);  // "Vyber"
     EXPECT_EQ(result.Wait().text,
               L"Materiál: " + picked + L"\nIndex DN: " + std::to_wstring(material->Profiles().begin()->first));
-    EXPECT_EQ(program.WaitForExit(10000), 0u);
+    EXPECT_EQ(program.ExitCode(), 0u);
 }
 
 }  // namespace

@@ -22,4 +22,5 @@ for value in DataPath CommonDataPath; do
   "$runner" reg add 'HKLM\Software\Quorvex' /v "$value" /d "$(windows_path "$work/data")" /f >/dev/null
 done
 
-VELMORA_FIRST_RUN_DATA=$(windows_path "$work/data") "$runner" "$tests" --gtest_filter='Program.*'
+VELMORA_PROGRAM=$(windows_path "$build/Velmora/Velmora.exe") VELMORA_FIRST_RUN_DATA=$(windows_path "$work/data") \
+  "$runner" "$tests" --gtest_filter='Program.*'
