@@ -38,8 +38,6 @@ void CQvxSezMaterialu::Clear(bool keepUsed) {
         if (keepUsed && !material->Users().IsEmpty()) {
             material->DetachFromList();
             material.release();  // owned by its users from now on
-        } else {
-            material.reset();
         }
     }
     materials_.clear();

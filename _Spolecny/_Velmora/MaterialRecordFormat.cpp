@@ -25,12 +25,9 @@ std::u16string ReadTextField(CArchive& archive, std::size_t capacity, bool termi
     return terminated ? ReadTerminatedTextField(archive, capacity) : ReadFixedFormTextField(archive, capacity);
 }
 
-// A field read holds at most `capacity` characters, which its buffer always takes.
-template <std::size_t Capacity>
-void TakeField(FixedText<Capacity>& target, std::u16string_view text) {
-    static_assert(Capacity >= 2);
-    target.Assign(text.substr(0, Capacity - 1));
-}
+// A field read holds at most its capacity in characters, which the record's buffer always takes.
+static_assert(CQvxProfil::CodeText::kCapacity == kCodeField + 1);
+static_assert(CQvxMaterial::AffixText::kCapacity == kAffixField + 1);
 
 }  // namespace
 
@@ -66,8 +63,8 @@ void CQvxProfil::Load(CArchive& archive) {
     wall_ = archive.ReadFloat();
     if (version <= 6) archive.Skip(4);  // a word no longer used
     if (version >= 5) width_ = archive.ReadInt32();
-    TakeField(ursMaterialCode_, ReadTextField(archive, kCodeField, version >= 4));
-    if (version >= 5) TakeField(ursInstallCode_, ReadTerminatedTextField(archive, kCodeField));
+    ursMaterialCode_.Assign(ReadTextField(archive, kCodeField, version >= 4));
+    if (version >= 5) ursInstallCode_.Assign(ReadTerminatedTextField(archive, kCodeField));
     if (version <= 5) {
         // The label used to be stored; it is always rebuilt now.
         ReadTextField(archive, version < 2 ? kOldLabelField : kLabelField, version >= 4);
@@ -121,8 +118,8 @@ void CQvxMaterial::Load(CArchive& archive) {
         descriptionMode_ = static_cast<DescriptionMode>(archive.ReadByte());
         onInnerDiameter_ = archive.ReadByte() != 0;
         const bool terminated = version >= 4;
-        TakeField(prefix_, ReadTextField(archive, kAffixField, terminated));
-        TakeField(suffix_, ReadTextField(archive, kAffixField, terminated));
+        prefix_.Assign(ReadTextField(archive, kAffixField, terminated));
+        suffix_.Assign(ReadTextField(archive, kAffixField, terminated));
     }
     uniqueName_ = archive.ReadString();
     description_ = archive.ReadString();
