@@ -128,13 +128,15 @@ TEST_F(ExchangeRecord, TakesEveryField) {
         "PE (PE 100) 'Tlakové potrubí' 'vvvvvvvvvvvvvvvvvvvvvvvvv' 3/12 k 0.01 3/4 mode 2 outer 'PE' 'mm' shape 4 "
         "#-2\n"
         "11: 104 x 3, 0, '' '' [PE110mm d110]");
-    // A roughness of -1000 means "take it from the text".
+    // A roughness of -1000 means "take it from the text". A change that leaves the labels is a change too.
     for (const auto& [text, roughness] : {std::pair{u" 0.25 mm", 0.25f}, std::pair{u"drsnost", 0.0f}}) {
+        list.SetUnchanged(true);
         EditMaterial(material, [text = text](MaterialExchangeRecord& changed) {
             changed.roughness = MaterialExchangeRecord::kRoughnessFromText;
             changed.roughnessText = text;
         });
         EXPECT_EQ(material.Roughness(), roughness);
+        EXPECT_FALSE(list.IsUnchanged());
     }
 }
 

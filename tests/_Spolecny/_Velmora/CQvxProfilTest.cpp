@@ -165,6 +165,7 @@ TEST_F(ProfileRecord, EveryChangeMarksTheCatalogueChanged) {
     expectChangedBy([&] { profile->SetUrsMaterialCode(u"A"); });
     expectChangedBy([&] { profile->BuildLabels(); });
     expectChangedBy([&] { profile->SetDN(6, false); });
+    expectChangedBy([&] { material.SetClassIndexes(-1, -1); });
 }
 
 }  // namespace

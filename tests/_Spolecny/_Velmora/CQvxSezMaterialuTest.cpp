@@ -178,7 +178,7 @@ TEST_F(CatalogueMerge, AnswersDecideTheFieldsAndMissingProfilesAreAlwaysAdded) {
     EXPECT_EQ(messages.shown[0].content, u"PE");
     EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // "Ano"
     EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                          // existing profile kept
-    EXPECT_EQ(pe.Profiles().size(), 3u);                                 // 20 kept, 11 added
+    EXPECT_EQ(pe.Profiles().size(), 3u);                                // 20 kept, 11 added
     const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
     EXPECT_EQ(pvc.Roughness(), 1.5f);  // "Ne"
     EXPECT_EQ(pvc.Profiles().size(), 2u);
@@ -216,6 +216,9 @@ TEST_F(CatalogueMerge, ProjectStreamsKeepMaterialsThatCoverTheIncomingOnes) {
     EXPECT_TRUE(messages.shown.empty());
     ReadCatalogue(list, WriteCatalogue(file), false);  // a catalogue file compares exactly
     EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 1u);
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.description = u"jiný popis"; });
+    ReadCatalogue(list, WriteCatalogue(file), true);  // the description does take part
+    EXPECT_EQ(messages.CountOf(Questions::kOverwrite), 2u);
 }
 
 }  // namespace

@@ -105,6 +105,7 @@ TEST_F(ProfilePane, WallAndOuterDiameterKeepTheInnerDiameterInItsBand) {
     };
     for (const Case& c : {Case{kWallColumn, u"10", 90, 10},    // ID 90 fits
                           Case{kWallColumn, u"16", 80, 16},    // ID 78 is at or below DN 80: OD grows
+                          Case{kWallColumn, u"54.75", 80, 54.75f},  // ID 0.5 still has a hole
                           Case{kOuterColumn, u"120", 110, 5},  // ID 110 fits
                           Case{kOuterColumn, u"160", 125, 17.5f},   // ID 150 is above the band: DN 125
                           Case{kOuterColumn, u"70", 80, -5}}) {     // ID 60 is below it: DN 80
