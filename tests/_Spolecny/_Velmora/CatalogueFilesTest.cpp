@@ -183,6 +183,7 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
                       u".\n\nEditor se otevře s materiály načtenými před chybou. Soubor se "
                       u"přepíše, až uložíte změnu.");
         EXPECT_EQ(list.Count(), 1u);
+        EXPECT_EQ(list.Materials().begin()->second->FileIndex(), -2);  // as after a whole read
         EXPECT_TRUE(list.IsUnchanged());
         EXPECT_EQ(fs::exists(UserFile()), usersFile);  // the damaged file is not rewritten
         if (usersFile) {
