@@ -14,57 +14,83 @@
 //   label mode on inner or outer diameter 'prefix' 'suffix' shape [roughness text]
 // and for each profile, on a line of its own:
 //   DN index: inner diameter x wall, width, 'material code' 'install code' [label short label]
-namespace RecordSummary {
+// The texts are built by appending only: GCC 12 at -O3 reports a bogus -Wrestrict overlap for a
+// literal put before a temporary string (GCC bug 105329).
+class RecordSummary {
+public:
+    RecordSummary& operator<<(std::string_view text) {
+        text_ += text;
+        return *this;
+    }
+    RecordSummary& operator<<(std::u16string_view text) { return *this << std::string_view(ToUtf8(text)); }
+    RecordSummary& operator<<(int value) { return *this << std::string_view(std::to_string(value)); }
+    // The shortest text that reads back as the same float: 0.01f is "0.01".
+    RecordSummary& operator<<(float value) {
+        char text[32];
+        return *this << std::string_view(
+                   text, static_cast<std::size_t>(std::to_chars(text, text + sizeof text, value).ptr - text));
+    }
+    RecordSummary& Quoted(std::u16string_view text) { return *this << "'" << text << "'"; }
 
-// The shortest text that reads back as the same float: 0.01f is "0.01".
-inline std::string Number(float value) {
-    char text[32];
-    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+    const std::string& Text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+inline void Summarise(RecordSummary& out, const MaterialExchangeRecord& r) {
+    out << r.uniqueName << " (" << r.displayName << ") ";
+    out.Quoted(r.description) << " ";
+    out.Quoted(r.manufacturer) << " " << r.placement << "/" << r.medium << " k " << static_cast<float>(r.roughness)
+                               << " " << r.pnIndex << "/" << r.sdrIndex << " mode "
+                               << static_cast<int>(r.descriptionMode) << (r.onInnerDiameter ? " inner " : " outer ");
+    out.Quoted(r.prefix) << " ";
+    out.Quoted(r.suffix) << " shape " << static_cast<int>(r.shape);
+    if (!r.roughnessText.empty()) (out << " ").Quoted(r.roughnessText);
 }
 
-inline std::string Quoted(std::u16string_view text) {
-    return "'" + ToUtf8(text) + "'";
+inline void Summarise(RecordSummary& out, const CsvProfileRecord& p) {
+    out << "\n" << p.dnIndex << ": " << p.innerDiameter << " x " << p.wall << ", " << p.width << ", ";
+    out.Quoted(p.ursMaterialCode) << " ";
+    out.Quoted(p.ursInstallCode);
 }
 
-}  // namespace RecordSummary
-
-inline std::string Summary(const MaterialExchangeRecord& r) {
-    using namespace RecordSummary;
-    return ToUtf8(r.uniqueName) + " (" + ToUtf8(r.displayName) + ") " + Quoted(r.description) + " " +
-           Quoted(r.manufacturer) + " " + std::to_string(r.placement) + "/" + std::to_string(r.medium) + " k " +
-           Number(static_cast<float>(r.roughness)) + " " + std::to_string(r.pnIndex) + "/" +
-           std::to_string(r.sdrIndex) + " mode " + std::to_string(static_cast<int>(r.descriptionMode)) +
-           (r.onInnerDiameter ? " inner " : " outer ") + Quoted(r.prefix) + " " + Quoted(r.suffix) + " shape " +
-           std::to_string(static_cast<int>(r.shape)) + (r.roughnessText.empty() ? "" : " " + Quoted(r.roughnessText));
+inline std::string Summary(const MaterialExchangeRecord& record) {
+    RecordSummary out;
+    Summarise(out, record);
+    return out.Text();
 }
 
-inline std::string Summary(const CsvProfileRecord& p) {
-    using namespace RecordSummary;
-    return std::to_string(p.dnIndex) + ": " + Number(p.innerDiameter) + " x " + Number(p.wall) + ", " +
-           std::to_string(p.width) + ", " + Quoted(p.ursMaterialCode) + " " + Quoted(p.ursInstallCode);
-}
-
-inline std::string Summary(const CsvMaterialRecord& m) {
-    std::string text = Summary(m.fields);
-    for (const CsvProfileRecord& profile : m.profiles) text += "\n" + Summary(profile);
-    return text;
+inline std::string Summary(const CsvMaterialRecord& material) {
+    RecordSummary out;
+    Summarise(out, material.fields);
+    for (const CsvProfileRecord& profile : material.profiles) Summarise(out, profile);
+    return out.Text();
 }
 
 // A material adds its file index; its profiles add their labels.
-inline std::string Summary(const CQvxMaterial& m) {
-    std::string text = Summary(m.MakeExchangeRecord()) + " #" + std::to_string(m.FileIndex());
-    for (const auto& [dnIndex, p] : m.Profiles()) {
-        text += "\n" +
-                Summary(CsvProfileRecord{dnIndex, p->InnerDiameter(), p->Wall(), p->Width(),
-                                         std::u16string(p->UrsMaterialCode()), std::u16string(p->UrsInstallCode())}) +
-                " [" + ToUtf8(p->Label()) + " " + ToUtf8(p->ShortLabel()) + "]";
+inline void Summarise(RecordSummary& out, const CQvxMaterial& material) {
+    Summarise(out, material.MakeExchangeRecord());
+    out << " #" << material.FileIndex();
+    for (const auto& [dnIndex, p] : material.Profiles()) {
+        Summarise(out, CsvProfileRecord{dnIndex, p->InnerDiameter(), p->Wall(), p->Width(),
+                                        std::u16string(p->UrsMaterialCode()), std::u16string(p->UrsInstallCode())});
+        out << " [" << p->Label() << " " << p->ShortLabel() << "]";
     }
-    return text;
 }
 
-// The materials of a list in key order, one summary after the other.
+inline std::string Summary(const CQvxMaterial& material) {
+    RecordSummary out;
+    Summarise(out, material);
+    return out.Text();
+}
+
+// The materials of a list in key order, one after the other.
 inline std::string Summary(const CQvxSezMaterialu& list) {
-    std::string text;
-    for (const auto& [name, material] : list.Materials()) text += (text.empty() ? "" : "\n") + Summary(*material);
-    return text;
+    RecordSummary out;
+    for (const auto& [name, material] : list.Materials()) {
+        if (!out.Text().empty()) out << "\n";
+        Summarise(out, *material);
+    }
+    return out.Text();
 }
