@@ -55,17 +55,9 @@ inline void Summarise(RecordSummary& out, const CsvProfileRecord& p) {
     out.Quoted(p.ursInstallCode);
 }
 
-inline std::string Summary(const MaterialExchangeRecord& record) {
-    RecordSummary out;
-    Summarise(out, record);
-    return out.Text();
-}
-
-inline std::string Summary(const CsvMaterialRecord& material) {
-    RecordSummary out;
+inline void Summarise(RecordSummary& out, const CsvMaterialRecord& material) {
     Summarise(out, material.fields);
     for (const CsvProfileRecord& profile : material.profiles) Summarise(out, profile);
-    return out.Text();
 }
 
 // A material adds its file index; its profiles add their labels.
@@ -79,18 +71,17 @@ inline void Summarise(RecordSummary& out, const CQvxMaterial& material) {
     }
 }
 
-inline std::string Summary(const CQvxMaterial& material) {
-    RecordSummary out;
-    Summarise(out, material);
-    return out.Text();
-}
-
 // The materials of a list in key order, one after the other.
-inline std::string Summary(const CQvxSezMaterialu& list) {
-    RecordSummary out;
+inline void Summarise(RecordSummary& out, const CQvxSezMaterialu& list) {
     for (const auto& [name, material] : list.Materials()) {
         if (!out.Text().empty()) out << "\n";
         Summarise(out, *material);
     }
+}
+
+template <typename Record>
+std::string Summary(const Record& record) {
+    RecordSummary out;
+    Summarise(out, record);
     return out.Text();
 }
