@@ -131,9 +131,9 @@ void CQvxMaterial::DeleteAllProfiles() {
 }
 
 bool CQvxMaterial::DeleteProfile(int dnIndex) {
-    const CQvxProfil* profile = FindProfile(dnIndex);
-    if (profile == nullptr || !profile->Users().IsEmpty()) return false;
-    profiles_.erase(LowerBound(dnIndex));
+    const auto found = LowerBound(dnIndex);
+    if (found == profiles_.end() || found->first != dnIndex || !found->second->Users().IsEmpty()) return false;
+    profiles_.erase(found);
     MarkChanged();
     return true;
 }
@@ -256,8 +256,8 @@ void CQvxMaterial::MarkChanged() {
 bool CQvxMaterial::MoveProfileKey(const CQvxProfil& profile, int newIndex) {
     const CQvxProfil* holder = FindProfile(newIndex);
     if (holder != nullptr && holder != &profile) return false;
-    if (FindProfile(profile.DnIndex()) == &profile) {
-        const auto current = LowerBound(profile.DnIndex());
+    const auto current = LowerBound(profile.DnIndex());
+    if (current != profiles_.end() && current->second.get() == &profile) {
         std::unique_ptr<CQvxProfil> moved = std::move(current->second);
         profiles_.erase(current);
         profiles_.emplace(LowerBound(newIndex), newIndex, std::move(moved));
