@@ -128,6 +128,18 @@ ClientPicture::ClientPicture(HWND window) {
 std::wstring SaveScreenshot(const std::wstring& name) {
     wchar_t folder[MAX_PATH] = {};
     if (GetEnvironmentVariableW(L"VELMORA_SCREENSHOT_DIR", folder, MAX_PATH) == 0) return {};
+    // A dialog that a watcher thread has just found may not have painted itself yet: paint every
+    // window of the program first (across threads the paint is sent and waited for).
+    EnumWindows(
+        [](HWND window, LPARAM) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (process == GetCurrentProcessId() && IsWindowVisible(window)) {
+                RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+            }
+            return TRUE;
+        },
+        0);
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
     std::vector<RGBQUAD> pixels = Picture(width, height, [&](HDC dc) {
