@@ -8,7 +8,7 @@
 
 #include "support/CatalogueBuilding.h"
 #include "support/CatalogueFixtures.h"
-#include "support/RandomCatalogue.h"
+#include "RandomCatalogue.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "support/ArchiveBytes.h"
 #include "support/CatalogueBuilding.h"
 #include "support/CatalogueFixtures.h"
-#include "support/RandomCatalogue.h"
+#include "RandomCatalogue.h"
 #include "support/RecordSummary.h"
 #include "support/ThrownText.h"
 

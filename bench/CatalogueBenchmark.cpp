@@ -17,7 +17,7 @@
 #include "Framework/CFile.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/MaterialFilter.h"
-#include "support/RandomCatalogue.h"
+#include "RandomCatalogue.h"
 
 namespace {
 
