@@ -31,17 +31,13 @@ inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name
     return material;
 }
 
-// Sewer materials of every shape: the circles "Alfa" and "Beta", then "Vejce", "Praha", "Tlama" and
-// "Rám" of shapes 1 to 4; each with DN 80 and DN 100 profiles, every profile with a width and both
-// price-list codes. The list counts as unchanged.
+// Sewer materials "Alfa" and "Beta" (circles), "Vejce", "Praha", "Tlama" and "Rám" (shapes 1 to 4),
+// each with DN 80 and DN 100 profiles, every profile with a width and both codes; unchanged.
 inline void AddEveryShape(CQvxSezMaterialu& list) {
     const std::u16string_view names[] = {u"Alfa", u"Beta", u"Vejce", u"Praha", u"Tlama", u"Rám"};
     for (int i = 0; i < 6; ++i) {
         CQvxMaterial& material = AddUsedFor(list, names[i], kPlacementAll, kMediumSewage);
-        EditMaterial(material, [&](MaterialExchangeRecord& record) {
-            record.shape = static_cast<ProfileShape>(std::max(i - 1, 0));
-            record.sdrIndex = 4;
-        });
+        EditMaterial(material, [&](MaterialExchangeRecord& record) { record.shape = ProfileShape(std::max(i - 1, 0)); });
         for (const int dnIndex : {10, 11}) {
             CQvxProfil& profile = *material.AddProfile(dnIndex);
             const std::u16string code = std::u16string(names[i].substr(0, 2)) + (dnIndex == 10 ? u"80" : u"100");
