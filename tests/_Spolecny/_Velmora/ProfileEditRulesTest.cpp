@@ -37,16 +37,6 @@ TEST_F(ProfilePane, CellTextsFollowTheShape) {
     EXPECT_EQ(InnerColumnTitle(ProfileShape::EggVienna), u"Výška");
 }
 
-TEST_F(ProfilePane, TypedCodesAreStoredInTheirFieldsCutToNineCharacters) {
-    CQvxProfil& profile = ProfileAt(kDn100, 100, 5);
-    list.SetUnchanged(true);
-    EXPECT_FALSE(StoreProfileCodes(profile, u"", u""));  // codes as they were change nothing
-    EXPECT_TRUE(list.IsUnchanged());
-    EXPECT_TRUE(StoreProfileCodes(profile, u"8011234567890", u"M1"));
-    EXPECT_EQ(profile.UrsInstallCode(), u"801123456");
-    EXPECT_EQ(profile.UrsMaterialCode(), u"M1");
-}
-
 TEST_F(ProfilePane, FreeDnIsSearchedUpwardFromTheStart) {
     ProfileAt(3, 15, 1);
     ProfileAt(4, 20, 1);
