@@ -15,6 +15,9 @@ public:
     // Records where `control` is now and how it follows the growth.
     void Add(HWND control, ResizeAnchor anchor);
     void Add(int controlId, ResizeAnchor anchor) { Add(GetDlgItem(dialog_, controlId), anchor); }
+    // Lets the last column of list view `list` take the list's growth, keeping the room that the
+    // columns leave free now (for a scroll bar).
+    void AddFillingColumn(HWND list);
     // Moves every registered control for the dialog's present client size (on WM_SIZE).
     void Resize() const;
 
@@ -25,7 +28,14 @@ private:
         ResizeAnchor anchor;
     };
 
+    struct FillingColumn {
+        HWND list;
+        int spare;
+    };
+    void FillLastColumn(const FillingColumn& filling) const;
+
     HWND dialog_ = nullptr;
+    std::vector<FillingColumn> fillingColumns_;
     SIZE initialClient_{};
     std::vector<Entry> entries_;
 };

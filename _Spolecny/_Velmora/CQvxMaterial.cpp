@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int kLineCopyPrefix = 87;
-constexpr int kLineCopySuffix = 89;
 constexpr int kLineInsertProfile = 125;
 constexpr int kLineNameMismatch = 211;
 constexpr int kLineManufacturerTooLong = 212;
@@ -76,7 +74,10 @@ CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, std::u16string_view uniqueNa
       owner_(owner) {}
 
 CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source)
-    : descriptionMode_(source.descriptionMode_),
+    : fileIndex_(source.fileIndex_),
+      descriptionMode_(source.descriptionMode_),
+      prefix_(source.prefix_),
+      suffix_(source.suffix_),
       onInnerDiameter_(source.onInnerDiameter_),
       uniqueName_(source.uniqueName_),
       displayName_(source.displayName_),
@@ -88,12 +89,11 @@ CQvxMaterial::CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source)
       owner_(owner),
       pnIndex_(source.pnIndex_),
       sdrIndex_(source.sdrIndex_),
+      shape_(source.shape_),
       users_(source.users_) {
-    if (!prefix_.Assign(source.Prefix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopyPrefix);
-    if (!suffix_.Assign(source.Suffix())) Throw(u"Chyba při kopírování řetězce v paměti", kLineCopySuffix);
     profiles_.reserve(source.profiles_.size());
     for (const auto& [dnIndex, profile] : source.profiles_) {
-        profiles_.emplace_back(dnIndex, std::make_unique<CQvxProfil>(*this, *profile));
+        profiles_.emplace_back(dnIndex, std::make_unique<CQvxProfil>(*this, *profile, CQvxProfil::ExactCopy{}));
     }
 }
 

@@ -33,7 +33,7 @@ public:
     explicit CQvxMaterial(CQvxSezMaterialu* owner);
     // A new material of the editor; zero masks stand for "all".
     CQvxMaterial(CQvxSezMaterialu* owner, std::u16string_view uniqueName, int32_t placement, int32_t medium);
-    // A copy for another list. The file index stays -2 and the shape is not copied (stays circle).
+    // An exact copy for another list: every field, every profile (exact copies) and the users.
     CQvxMaterial(CQvxSezMaterialu* owner, const CQvxMaterial& source);
     ~CQvxMaterial() override;
 

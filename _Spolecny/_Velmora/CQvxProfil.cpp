@@ -113,6 +113,7 @@ CQvxProfil::CQvxProfil(CQvxMaterial& owner, const CQvxProfil& source)
     : dnIndex_(source.dnIndex_),
       innerDiameter_(source.innerDiameter_),
       wall_(source.wall_),
+      width_(source.width_),
       owner_(&owner),
       users_(source.users_) {
     if (!ursMaterialCode_.Assign(source.UrsMaterialCode(), kCodeCopyBound)) {
@@ -120,6 +121,18 @@ CQvxProfil::CQvxProfil(CQvxMaterial& owner, const CQvxProfil& source)
     }
     BuildLabels();
 }
+
+CQvxProfil::CQvxProfil(CQvxMaterial& owner, const CQvxProfil& source, ExactCopy)
+    : dnIndex_(source.dnIndex_),
+      innerDiameter_(source.innerDiameter_),
+      wall_(source.wall_),
+      width_(source.width_),
+      owner_(&owner),
+      ursMaterialCode_(source.ursMaterialCode_),
+      ursInstallCode_(source.ursInstallCode_),
+      label_(source.label_),
+      shortLabel_(source.shortLabel_),
+      users_(source.users_) {}
 
 CQvxProfil::~CQvxProfil() { users_.ReleaseAll(); }
 

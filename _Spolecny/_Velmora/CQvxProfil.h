@@ -25,9 +25,12 @@ public:
     explicit CQvxProfil(CQvxMaterial& owner);
     // A profile for a new DN; the inner diameter holds the index until the material sets it.
     CQvxProfil(CQvxMaterial& owner, int dnIndex);
-    // Copy for a copied material: keeps the DN index, diameters and material code; the
-    // installation code and the width are deliberately not carried over.
+    // Copy for a copied or merged material: keeps the DN index, diameters, width, material code and
+    // users; the installation code is deliberately not carried over.
     CQvxProfil(CQvxMaterial& owner, const CQvxProfil& source);
+    // Exact copy for a copy of the whole catalogue: every field as it stands, labels and users too.
+    struct ExactCopy {};
+    CQvxProfil(CQvxMaterial& owner, const CQvxProfil& source, ExactCopy);
     ~CQvxProfil() override;
 
     int DnIndex() const { return dnIndex_; }

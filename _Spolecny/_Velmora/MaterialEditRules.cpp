@@ -66,13 +66,15 @@ EditMode NextEditMode(EditMode mode, EditEvent event, bool rowMarked) {
     return mode;
 }
 
-GroupState LayoutOf(EditorGroup group, EditMode mode) {
+GroupState LayoutOf(EditorGroup group, EditMode mode, bool materialShown) {
     const bool editing = IsEditing(mode);
     switch (group) {
         case EditorGroup::MaterialFields:
             return {editing, true};
         case EditorGroup::ApplyButtons:
             return {editing, editing};
+        case EditorGroup::ProfilePane:
+            return {!editing && materialShown, true};
         default:
             return {!editing, true};
     }

@@ -49,8 +49,9 @@ struct GroupState {
 };
 
 // Editing enables the fields and shows the apply buttons and disables everything that would leave
-// the material; browsing is the exact reverse, with the apply buttons hidden.
-GroupState LayoutOf(EditorGroup group, EditMode mode);
+// the material; browsing is the exact reverse, with the apply buttons hidden. The profile pane also
+// needs a material to show (`materialShown`).
+GroupState LayoutOf(EditorGroup group, EditMode mode, bool materialShown = true);
 
 // The field buffer for `material`: its values, the roughness as text with five decimals, and the
 // roughness number set aside so that applying takes the text.

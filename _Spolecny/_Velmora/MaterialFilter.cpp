@@ -92,3 +92,20 @@ void SortForDisplay(std::vector<CQvxMaterial*>& materials) {
     });
     for (std::size_t i = 0; i < keyed.size(); ++i) materials[i] = keyed[i].material;
 }
+
+int FindRowStartingWith(const std::vector<CQvxMaterial*>& rows, std::u16string_view prefix, int start, bool wrap) {
+    const int count = static_cast<int>(rows.size());
+    if (count == 0) return -1;
+    const std::u16string lowered = CzechLowered(prefix);
+    const auto begins = [&](const CQvxMaterial* material) {
+        const std::u16string_view name = material->UniqueName();
+        return name.size() >= lowered.size() && CzechLowered(name.substr(0, lowered.size())) == lowered;
+    };
+    start = std::clamp(start, 0, count);
+    const int steps = wrap ? count : count - start;
+    for (int step = 0; step < steps; ++step) {
+        const int row = (start + step) % count;
+        if (begins(rows[static_cast<std::size_t>(row)])) return row;
+    }
+    return -1;
+}

@@ -48,3 +48,8 @@ bool DisplayOrderLess(std::u16string_view left, std::u16string_view right);
 
 // Sorts materials by their unique names in the display order. Each name is lowered once.
 void SortForDisplay(std::vector<CQvxMaterial*>& materials);
+
+// The list's incremental search: the first of `rows` (in display order) from `start` on whose
+// unique name begins with `prefix`, case ignored as in the display order; with `wrap` the search
+// goes round to the first row. -1 when none does.
+int FindRowStartingWith(const std::vector<CQvxMaterial*>& rows, std::u16string_view prefix, int start, bool wrap);

@@ -198,3 +198,19 @@ ProfileEdit StoredProfileEdit(const CQvxProfil& profile, int column, std::u16str
     }
     return edit;
 }
+
+bool StoreProfileCodes(CQvxProfil& profile, std::u16string_view installCode, std::u16string_view materialCode) {
+    constexpr std::size_t kMaxLength = CQvxProfil::kCodeCopyBound - 1;
+    installCode = installCode.substr(0, kMaxLength);
+    materialCode = materialCode.substr(0, kMaxLength);
+    bool stored = false;
+    if (installCode != profile.UrsInstallCode()) {
+        profile.SetUrsInstallCode(installCode);
+        stored = true;
+    }
+    if (materialCode != profile.UrsMaterialCode()) {
+        profile.SetUrsMaterialCode(materialCode);
+        stored = true;
+    }
+    return stored;
+}

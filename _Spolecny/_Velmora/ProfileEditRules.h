@@ -53,3 +53,8 @@ ProfileEdit ValidateProfileEdit(const CQvxProfil& profile, int column, std::u16s
 // The cell-changed store after an accepted edit: the same columns without the bands (OD read as a
 // whole number). Throws as ParseCellNumber does.
 ProfileEdit StoredProfileEdit(const CQvxProfil& profile, int column, std::u16string_view text);
+
+// The price-list codes typed for `profile` ("Kód URS montáž:" and "Kód URS materiál:"), each cut to
+// the 9 characters a profile keeps, stored where they differ from the profile's. True when one was
+// stored (and so the catalogue changed).
+bool StoreProfileCodes(CQvxProfil& profile, std::u16string_view installCode, std::u16string_view materialCode);

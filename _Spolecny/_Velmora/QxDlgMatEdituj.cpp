@@ -19,7 +19,9 @@
 
 namespace {
 
-constexpr int kUrsInstallCodeMaxLength = 10;
+constexpr int kUrsCodeMaxLength = 9;
+constexpr std::u16string_view kCodeTooLongTitle = u"Příliš dlouhý kód";
+constexpr const char16_t* kCodeLimit = u"Maximální délka je omezena na 9 znaků";
 constexpr DWORD kEditorPaneStyle = 0x400F0000;
 
 // The DN column's choices: the DN table's labels, which are literals and so end in a null, and the
@@ -45,8 +47,9 @@ constexpr const char16_t* kManufacturerLimit = u"Maximální délka je omezena n
 constexpr int kMaterialCommands[] = {IDC_MATERIAL_ADD, IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT};
 constexpr int kApplyButtons[] = {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT};
 constexpr int kLoadCommands[] = {IDC_LOAD_FILE, IDC_LOAD_STANDARD};
-constexpr int kProfileControls[] = {IDC_PROFILE_ADD, IDC_PROFILE_DELETE, IDC_PROFILE_DELETE_ALL,
-                                    IDC_PROFILE_GENERATE, IDC_URS_INSTALL, IDC_URS_MATERIAL};
+constexpr int kProfileCommands[] = {IDC_PROFILE_ADD, IDC_PROFILE_DELETE, IDC_PROFILE_DELETE_ALL,
+                                    IDC_PROFILE_GENERATE};
+constexpr int kCodeEdits[] = {IDC_URS_INSTALL, IDC_URS_MATERIAL};
 
 struct ButtonIcon {
     int button;
@@ -128,9 +131,13 @@ CQxDlgMatEdituj::CQxDlgMatEdituj(HWND parent)
       displayName_(nullptr, nullptr, kNameLimit, kTooLongTitle.data(), 20),
       manufacturer_(nullptr, nullptr, kManufacturerLimit, kTooLongTitle.data(), 25),
       roughness_(IsRoughnessText, IsDecimalPrefix, u"Hydraulická drsnost potrubí [mm]\nod 0.01 do 3.0",
-                 u"Zadání mimo rozsah") {
+                 u"Zadání mimo rozsah"),
+      ursInstallCode_(nullptr, nullptr, kCodeLimit, kCodeTooLongTitle.data(), kUrsCodeMaxLength),
+      ursMaterialCode_(nullptr, nullptr, kCodeLimit, kCodeTooLongTitle.data(), kUrsCodeMaxLength) {
     displayName_.Rules().emptyAllowed = true;
     manufacturer_.Rules().emptyAllowed = true;
+    ursInstallCode_.Rules().emptyAllowed = true;
+    ursMaterialCode_.Rules().emptyAllowed = true;
     roughness_.Rules().filter = CommaToPoint;
     pickFile_ = PickCatalogueFile;
     AddToolTips();
@@ -181,9 +188,9 @@ void CQxDlgMatEdituj::DoDataExchange(CDataExchange& exchange) {
     exchange.Control(IDC_ROUGHNESS, roughness_);
     ExchangeBit(exchange, IDC_USE_ZTI, fields_.placement, kPlacementIndoor);
     ExchangeBit(exchange, IDC_USE_NETWORKS, fields_.placement, kPlacementNetworks);
-    exchange.Text(IDC_URS_INSTALL, ursInstallCode_);
-    exchange.MaxChars(IDC_URS_INSTALL, ursInstallCode_, kUrsInstallCodeMaxLength);
-    exchange.Text(IDC_URS_MATERIAL, ursMaterialCode_);
+    // The code edits belong to the selected profile, which shows and stores them itself.
+    exchange.Control(IDC_URS_INSTALL, ursInstallCode_);
+    exchange.Control(IDC_URS_MATERIAL, ursMaterialCode_);
     CQxDlgMatVyber::DoDataExchange(exchange);
 }
 
@@ -205,8 +212,18 @@ void CQxDlgMatEdituj::ApplyLayout() const {
     set(kMaterialCommands, EditorGroup::MaterialCommands);
     set(kRadios, EditorGroup::FilterRadios);
     set(kLoadCommands, EditorGroup::LoadCommands);
-    set(kProfileControls, EditorGroup::ProfilePane);
-    profilePane_.Enable(LayoutOf(EditorGroup::ProfilePane, mode_).enabled);
+    UpdateProfileControls();
+}
+
+void CQxDlgMatEdituj::UpdateProfileControls() const {
+    const bool enabled = LayoutOf(EditorGroup::ProfilePane, mode_, RowMaterial(currentIndex_) != nullptr).enabled;
+    for (const int id : kProfileCommands) EnableWindow(Item(id), enabled);
+    for (const int id : kCodeEdits) EnableWindow(Item(id), enabled && selectedProfile_ != nullptr);
+    profilePane_.Enable(enabled);
+}
+
+void CQxDlgMatEdituj::FocusMaterialList() const {
+    Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(materialList_.Handle()), TRUE);
 }
 
 void CQxDlgMatEdituj::EnterMode(EditMode mode) {
@@ -243,14 +260,8 @@ void CQxDlgMatEdituj::OnDeleteMaterial() {
     currentIndex_ = MarkedRow();
     materialList_.Focus();
     // Selected anew, so that the fields and the pane show the row's material whatever the list did
-    // with the selection of the deleted row.
-    if (currentIndex_ >= 0) materialList_.SetItemState(currentIndex_, 0, LVIS_SELECTED);
-    SelectRow(currentIndex_);
-    if (materials_->Count() == 0) {
-        EmptyProfilePane();
-        LoadFields(nullptr, DescriptionMode::DxT);  // no deleted material's values stay shown
-        for (const int id : kProfileControls) EnableWindow(Item(id), FALSE);
-    }
+    // with the selection of the deleted row; with no row left, no material is shown.
+    SelectOnly(RowMaterial(currentIndex_) != nullptr ? currentIndex_ : -1);
 }
 
 void CQxDlgMatEdituj::OnCopyMaterial() {
@@ -273,14 +284,23 @@ void CQxDlgMatEdituj::OnMaterialDoubleClick(int) {
 }
 
 void CQxDlgMatEdituj::OnRevertMaterial() {
+    const bool newMaterial = mode_ == EditMode::Add || mode_ == EditMode::Copy;
     mode_ = NextEditMode(mode_, EditEvent::RevertPressed, false);
-    LoadFields(edited_, DescriptionMode::DxT);
-    edited_ = nullptr;
+    if (newMaterial) {
+        // The material that was to be made is no row: none is current, none is shown.
+        edited_ = nullptr;
+        SelectOnly(-1);
+    } else {
+        LoadFields(edited_, DescriptionMode::DxT);
+        edited_ = nullptr;
+    }
     ApplyLayout();
+    FocusMaterialList();
 }
 
 bool CQxDlgMatEdituj::OnApplyMaterial() {
     if (!IsEditing(mode_)) return true;
+    StoreProfileCodes();
     if (!UpdateData(true)) return false;
 
     ApplyResult applied{ApplyOutcome::EmptyName, nullptr};
@@ -292,22 +312,16 @@ bool CQxDlgMatEdituj::OnApplyMaterial() {
         return false;
     }
 
-    if (mode_ == EditMode::Edit) {
-        mode_ = NextEditMode(mode_, EditEvent::ApplyAccepted, true);
-        materialList_.Send(LVM_REDRAWITEMS, static_cast<WPARAM>(currentIndex_), currentIndex_);
-        SortRows();
-    } else {
-        mode_ = NextEditMode(mode_, EditEvent::ApplyAccepted, false);
-        // The new material is listed whatever the filters say, until the list is filled again.
-        currentIndex_ = AppendRow(*applied.material);
-        SortRows();
-        // The selection goes to the row now at the index where the new one was appended.
-        materialList_.Focus();
-        SelectRow(currentIndex_);
-        materialList_.Send(LVM_REDRAWITEMS, static_cast<WPARAM>(currentIndex_), currentIndex_);
-    }
+    // The new material is listed whatever the filters say, until the list is filled again.
+    if (mode_ != EditMode::Edit) AppendRow(*applied.material);
+    mode_ = NextEditMode(mode_, EditEvent::ApplyAccepted, mode_ == EditMode::Edit);
     edited_ = nullptr;
     ApplyLayout();
+    // The rows are sorted again and the selection follows the material to its new row, which shows
+    // it afresh: fields, profiles and the columns of its shape.
+    SortRows();
+    SelectOnly(RowOf(*applied.material));
+    FocusMaterialList();
     return true;
 }
 
@@ -431,6 +445,7 @@ bool CQxDlgMatEdituj::PreTranslateMessage(MSG& message) {
 }
 
 void CQxDlgMatEdituj::OnOK() {
+    StoreProfileCodes();
     // An open material edit is dropped: only Enter applies it.
     if (!working_.IsUnchanged()) working_.SaveCatalogue();
     HandBackToCaller(working_, *callersList_);
@@ -438,6 +453,7 @@ void CQxDlgMatEdituj::OnOK() {
 }
 
 void CQxDlgMatEdituj::OnCancel() {
+    StoreProfileCodes();
     if (!working_.IsUnchanged()) {
         const int answer = ShowMessage(u"Uložit provedené změny do souboru?", MB_YESNOCANCEL);
         if (answer == IDCANCEL) return;
@@ -466,6 +482,7 @@ void CQxDlgMatEdituj::SetupProfileColumns() {
         profilePane_.SetColumnCheck(column, InputKind::kDecimalNumber);
     }
     profilePane_.SetColumnAutoEdit(kDnColumn, 3, 0, DnChoices());
+    LetLastProfileColumnGrow();
 }
 
 HTREEITEM CQxDlgMatEdituj::InsertProfileRow(CQvxProfil& profile) {
@@ -507,7 +524,7 @@ CQvxMaterial& CQxDlgMatEdituj::CurrentMaterial(std::u16string_view failure, int 
 
 void CQxDlgMatEdituj::OnAddProfile() {
     currentIndex_ = MarkedRow();
-    if (currentIndex_ < 0) return;
+    if (RowMaterial(currentIndex_) == nullptr) return;  // no material is shown, nothing to add to
     CQvxMaterial& material = CurrentMaterial(u"Nenalezena datová položka materiálu", 351);
     const CQvxProfil* selected = ProfileOfRow(profilePane_.GetSelection());
     int start = selected != nullptr ? selected->DnIndex() : 0;
@@ -549,6 +566,7 @@ void CQxDlgMatEdituj::OnDeleteProfile() {
 }
 
 void CQxDlgMatEdituj::OnDeleteAllProfiles() {
+    if (RowMaterial(currentIndex_) == nullptr) return;
     const int answer = ShowMessage(u"Opravdu vymazat všechny profily?\ntento krok je nevratný", MB_YESNO | MB_ICONQUESTION);
     if (answer != IDYES) return;
     CQvxMaterial& material = CurrentMaterial(u"Chyba při načítání položky materiálu", 695);
@@ -557,6 +575,7 @@ void CQxDlgMatEdituj::OnDeleteAllProfiles() {
 }
 
 void CQxDlgMatEdituj::OnGenerateProfiles() {
+    if (RowMaterial(currentIndex_) == nullptr) return;
     CQxDlgGetDN range(Handle());
     range.fromIndex = 0;
     range.toIndex = kDnCount - 1;
@@ -573,27 +592,31 @@ void CQxDlgMatEdituj::OnGenerateProfiles() {
     profilePane_.Focus();
 }
 
+void CQxDlgMatEdituj::SelectMaterial(int row) {
+    StoreProfileCodes();
+    CQxDlgMatVyber::SelectMaterial(row);
+    UpdateProfileControls();
+}
+
 void CQxDlgMatEdituj::OnProfileSelected(CQvxProfil* profile) {
-    if (selectedProfile_ != nullptr) {
-        // Both edits go to the material code, the second over the first: the installation code is
-        // shown but never written from here. Codes as they were change nothing, so that browsing
-        // the profiles leaves the catalogue unchanged.
-        CQvxProfil* previous = selectedProfile_;
-        const std::u16string install = CWindow(Item(IDC_URS_INSTALL)).Text();
-        const std::u16string material = CWindow(Item(IDC_URS_MATERIAL)).Text();
-        const bool refused = install.size() >= CQvxProfil::kCodeCopyBound;  // reported by the first store
-        if (refused || material != previous->UrsMaterialCode()) {
-            RunUserAction([&] {
-                previous->SetUrsMaterialCode(install);
-                previous->SetUrsMaterialCode(material);
-            });
-        }
-    }
-    ursInstallCode_ = profile != nullptr ? std::u16string(profile->UrsInstallCode()) : std::u16string();
-    ursMaterialCode_ = profile != nullptr ? std::u16string(profile->UrsMaterialCode()) : std::u16string();
-    CWindow(Item(IDC_URS_INSTALL)).SetText(ursInstallCode_);
-    CWindow(Item(IDC_URS_MATERIAL)).SetText(ursMaterialCode_);
+    StoreProfileCodes();
+    ShowProfileCodes(profile);
     selectedProfile_ = profile;
+    UpdateProfileControls();
+}
+
+void CQxDlgMatEdituj::StoreProfileCodes() {
+    // Codes as they were change nothing, so that browsing the profiles leaves the catalogue
+    // unchanged.
+    if (selectedProfile_ != nullptr) {
+        ::StoreProfileCodes(*selectedProfile_, CWindow(Item(IDC_URS_INSTALL)).Text(),
+                            CWindow(Item(IDC_URS_MATERIAL)).Text());
+    }
+}
+
+void CQxDlgMatEdituj::ShowProfileCodes(const CQvxProfil* profile) const {
+    CWindow(Item(IDC_URS_INSTALL)).SetText(profile != nullptr ? profile->UrsInstallCode() : u"");
+    CWindow(Item(IDC_URS_MATERIAL)).SetText(profile != nullptr ? profile->UrsMaterialCode() : u"");
 }
 
 LRESULT CQxDlgMatEdituj::OnValidateProfileEdit(const NMTVEDITW& edit) {
@@ -654,6 +677,8 @@ bool CQxDlgMatEdituj::OnNotify(NMHDR& header, LRESULT& result) {
                 if (reinterpret_cast<const NMTREEVIEWW&>(header).itemOld.lParam ==
                     reinterpret_cast<LPARAM>(selectedProfile_)) {
                     selectedProfile_ = nullptr;
+                    ShowProfileCodes(nullptr);
+                    UpdateProfileControls();
                 }
                 return true;
             default:

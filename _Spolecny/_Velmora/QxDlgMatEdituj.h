@@ -54,6 +54,7 @@ protected:
     void SetupProfileColumns() override;
     HTREEITEM InsertProfileRow(CQvxProfil& profile) override;
     void SetProfileColumns(const CQvxMaterial& material) override;
+    void SelectMaterial(int row) override;
     bool OnNotify(NMHDR& header, LRESULT& result) override;
 
 private:
@@ -78,6 +79,9 @@ private:
     void OnDeleteAllProfiles();
     void OnGenerateProfiles();
     void OnProfileSelected(CQvxProfil* profile);
+    // The price-list codes typed for the selected profile go into it.
+    void StoreProfileCodes();
+    void ShowProfileCodes(const CQvxProfil* profile) const;
     LRESULT OnValidateProfileEdit(const NMTVEDITW& edit);
     void OnProfileCellChanged(const NMTVDISPINFOCW& change);
     // The material of the current row; none throws with `line`.
@@ -86,6 +90,11 @@ private:
     void SortProfileRows() const;
     void EnterMode(EditMode mode);
     void ApplyLayout() const;
+    // The profile pane, its commands and the code edits: usable while browsing a shown material
+    // (the code edits only with a profile selected).
+    void UpdateProfileControls() const;
+    // The material list takes the focus, on its current row, as a material edit ends.
+    void FocusMaterialList() const;
     void SetButtonIcons() const;
     void AddToolTips();
 
@@ -97,8 +106,8 @@ private:
     CCheckedEdit displayName_;
     CCheckedEdit manufacturer_;
     CCheckedEdit roughness_;
-    std::u16string ursInstallCode_;
-    std::u16string ursMaterialCode_;
+    CCheckedEdit ursInstallCode_;
+    CCheckedEdit ursMaterialCode_;
     FilePicker pickFile_;
     CQvxProfil* selectedProfile_ = nullptr;  // whose URS codes the two edits show
     ProfileShape shownShape_ = ProfileShape::Circle;

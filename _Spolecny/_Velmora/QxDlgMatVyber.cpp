@@ -127,6 +127,16 @@ void CQxDlgMatVyber::SetupProfileColumns() {
     profilePane_.InsertColumn(0, u"Profil", profileWidth);
     const int dnWidth = profilePane_.ClientRect().right - static_cast<int>(100 * Scale());
     profilePane_.InsertColumn(1, u"DN", dnWidth < 0 ? -dnWidth : dnWidth, dnWidth < 0 ? LVCFMT_RIGHT : LVCFMT_LEFT);
+    LetLastProfileColumnGrow();
+}
+
+void CQxDlgMatVyber::LetLastProfileColumnGrow() const {
+    TVCOLUMNW fixed{};
+    fixed.mask = TVCF_FIXED;
+    const auto count = static_cast<int>(profilePane_.Send(TVM_GETCOLUMNCOUNT));
+    for (int column = 0; column + 1 < count; ++column) {
+        profilePane_.Send(TVM_SETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&fixed));
+    }
 }
 
 HTREEITEM CQxDlgMatVyber::InsertProfileRow(CQvxProfil& profile) {
@@ -145,6 +155,8 @@ void CQxDlgMatVyber::FillList(UsageFilter filter) {
     materialList_.Send(LVM_SETITEMCOUNT, rows_.size());
     materialList_.Redraw();
 
+    // Nothing listed: no material's fields or profiles stay shown.
+    if (rows_.empty()) SelectMaterial(-1);
     if (materials_->Count() == 0) {
         currentIndex_ = -1;
         return;
@@ -180,6 +192,21 @@ void CQxDlgMatVyber::DeleteAllRows() {
     materialList_.Redraw();
 }
 
+int CQxDlgMatVyber::RowOf(const CQvxMaterial& material) const {
+    const auto found = std::find(rows_.begin(), rows_.end(), &material);
+    return found != rows_.end() ? static_cast<int>(found - rows_.begin()) : -1;
+}
+
+void CQxDlgMatVyber::SelectOnly(int row) {
+    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.Send(LVM_SETSELECTIONMARK, 0, row);
+    if (row >= 0) {
+        SelectRow(row);  // the row's material is shown as it becomes selected
+    } else {
+        SelectMaterial(-1);
+    }
+}
+
 void CQxDlgMatVyber::SelectRow(int row) const {
     if (row < 0 || row >= static_cast<int>(rows_.size())) return;
     materialList_.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
@@ -203,7 +230,7 @@ void CQxDlgMatVyber::EmptyProfilePane() const {
 void CQxDlgMatVyber::SelectMaterial(int row) {
     currentIndex_ = row;
     CQvxMaterial* material = RowMaterial(row);
-    LoadFields(material, fields_.descriptionMode);
+    LoadFields(material, DescriptionMode::DxT);
     EmptyProfilePane();
     if (material == nullptr) return;
     SetProfileColumns(*material);
@@ -361,6 +388,17 @@ bool CQxDlgMatVyber::OnNotify(NMHDR& header, LRESULT& result) {
                 if (nowSelected && change.iItem >= 0) SelectMaterial(change.iItem);
                 return true;
             }
+            case LVN_ODFINDITEMW: {
+                // Typing in the list: the first row from the start row on whose name begins with
+                // the typed letters.
+                const auto& find = reinterpret_cast<const NMLVFINDITEMW&>(header);
+                result = -1;
+                if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0 && find.lvfi.psz != nullptr) {
+                    result = FindRowStartingWith(rows_, FromWide(find.lvfi.psz), find.iStart,
+                                                 (find.lvfi.flags & LVFI_WRAP) != 0);
+                }
+                return true;
+            }
             case NM_DBLCLK: {
                 const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(header);
                 if (click.iItem >= 0) OnMaterialDoubleClick(click.iItem);
@@ -404,10 +442,12 @@ bool CQxDlgMatVyber::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, L
 }
 
 void CQxDlgMatVyber::AnchorControls() {
-    // The list grows with the left half, the profile pane with the right half; the fields below
-    // the list go down with it, the buttons keep to their corners.
+    // The list grows with the left half, the profile pane with the right half, the last column of
+    // each taking the width; the fields below the list go down with it, the long texts widening with
+    // it; the buttons keep to their corners.
     constexpr ResizeAnchor kFixed{0, 0, 0, 0};
     constexpr ResizeAnchor kDown{0, 1, 0, 1};
+    constexpr ResizeAnchor kDownGrowingWithTheList{0, 1, 0.5f, 1};
     constexpr ResizeAnchor kLeftHalfGrows{0, 0, 0.5f, 1};
     constexpr ResizeAnchor kRightHalfGrows{0.5f, 0, 1, 1};
     constexpr ResizeAnchor kRightHalfTop{0.5f, 0, 0.5f, 0};
@@ -418,7 +458,11 @@ void CQxDlgMatVyber::AnchorControls() {
     resizer_.Start(Handle());
     resizer_.Add(IDC_FILTER_GROUP, kFixed);
     resizer_.Add(IDC_MATERIAL_LIST, kLeftHalfGrows);
-    for (const int id : kFieldControls) resizer_.Add(id, kDown);
+    resizer_.AddFillingColumn(materialList_.Handle());
+    for (const int id : kFieldControls) {
+        const bool longText = id == IDC_DISPLAY_NAME || id == IDC_MANUFACTURER || id == IDC_DESCRIPTION;
+        resizer_.Add(id, longText ? kDownGrowingWithTheList : kDown);
+    }
     for (const int id : {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT}) resizer_.Add(id, kDown);
     for (const int id : {IDC_MATERIAL_ADD, IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT}) {
         resizer_.Add(id, kBesideTheList);

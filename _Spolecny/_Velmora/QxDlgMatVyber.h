@@ -64,6 +64,12 @@ protected:
     void DeleteAllRows();
     // Selects and focuses `row` of the material list.
     void SelectRow(int row) const;
+    // Makes `row` the only selected and marked row and shows its material; -1: none is shown.
+    void SelectOnly(int row);
+    // The row that shows `material`; -1 when none does.
+    int RowOf(const CQvxMaterial& material) const;
+    // Lets the last column of the profile pane take every change of the pane's width.
+    void LetLastProfileColumnGrow() const;
     int MarkedRow() const;
     void EmptyProfilePane() const;
     // Makes the tree-list over the placeholder with the dialogs' styles and `extendedStyle`.

@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "support/FakeRegistryValues.h"
+#include "support/RecordSummary.h"
 #include "support/TempFolder.h"
 #include "win/MaterialEditorHarness.h"
 
@@ -75,8 +77,40 @@ TEST_F(EditorOnFiles, LoadingTheStandardOrAPickedCatalogueJoinsOrClearsAndListsE
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
     EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor" + *picked);
+    EXPECT_EQ(Text(IDC_NAME), u"");  // no deleted material is shown
+    EXPECT_FALSE(IsWindowEnabled(Control(IDC_PROFILE_ADD)));
     EXPECT_EQ(catalogue.Count(), 1u);
     EXPECT_FALSE(std::filesystem::exists(UserFile()));
+}
+
+// Every field of every material survives the editor: its working copy, the file it saves and the
+// list it hands back. Opening and OK without a change writes nothing; after adding a material the
+// file read back and written without it is the original, byte for byte.
+TEST_F(EditorOnFiles, EveryFieldSurvivesTheWorkingCopyTheSaveAndTheHandBack) {
+    CQvxSezMaterialu source;
+    AddEveryShape(source);
+    const Bytes original = WriteCatalogue(source);
+    ReadCatalogue(catalogue, original);  // with file indexes
+    const std::string fields = Summary(catalogue);
+    Open();
+    EXPECT_EQ(Summary(editor.WorkingList()), fields);
+    Click(IDOK);
+    EXPECT_FALSE(std::filesystem::exists(UserFile()));
+    EXPECT_EQ(Summary(catalogue), fields);
+
+    editor.DestroyWindow();
+    Open();
+    Click(IDC_MATERIAL_ADD);
+    gui::SetText(Control(IDC_NAME), u"Nový");
+    Click(IDC_MATERIAL_APPLY);
+    Click(IDOK);
+    std::ifstream file(UserFile(), std::ios::binary);
+    CQvxSezMaterialu saved;
+    ReadCatalogue(saved, Bytes(std::istreambuf_iterator<char>(file), {}));
+    ASSERT_TRUE(saved.RemoveMaterial(u"Nový"));
+    EXPECT_EQ(WriteCatalogue(saved), original);
+    ASSERT_TRUE(catalogue.RemoveMaterial(u"Nový"));
+    EXPECT_EQ(Summary(catalogue), fields);
 }
 
 // Enter applies an edit (an empty name is refused) and does not close the editor; OK drops an

@@ -3,9 +3,13 @@
 
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <utility>
 
 #include "Dialogs/TreeListResources.h"
+#include "_Velmora/ProfileEditRules.h"
 #include "support/FakeRegistryValues.h"
 #include "win/MaterialEditorHarness.h"
 
@@ -176,7 +180,6 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     const std::pair<int, bool> boxes[] = {{IDC_USE_ZTI, true},   {IDC_USE_NETWORKS, false}, {IDC_USE_SEWAGE, false},
                                           {IDC_USE_WATER, true}, {IDC_USE_GAS, true},       {IDC_USE_HEATING, false}};
     for (const auto& [id, checked] : boxes) EXPECT_EQ(Checked(id), checked) << id;
-    EXPECT_EQ(SendDlgItemMessageW(editor.Handle(), IDC_URS_INSTALL, EM_GETLIMITTEXT, 0, 0), 10);
 
     Click(IDC_MATERIAL_EDIT);
     gui::SetText(Control(IDC_MANUFACTURER), u"Litina");
@@ -201,6 +204,102 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_EQ(stored.shape, ProfileShape::Rectangle);
     EXPECT_EQ(stored.descriptionMode, DescriptionMode::Custom);
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
+}
+
+// "..." renaming "Alfa" to "Zeta": the selection follows it, the fields, profiles and columns of
+// its new shape show it, the list has the focus, the profile "+" adds to it and "Ulož.." stored the
+// codes typed before.
+TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialWithItsCodesShapeAndFocus) {
+    AddEveryShape(catalogue);
+    Open();
+    SelectRowOf(u"Alfa");
+    gui::SetText(Control(IDC_URS_INSTALL), u"I-Zeta");
+    gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
+    Click(IDC_MATERIAL_EDIT);
+    gui::SetText(Control(IDC_NAME), u"Zeta");
+    Click(IDC_SHAPE_RECTANGLE);
+    Click(IDC_MATERIAL_APPLY);
+    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), u"Zeta");
+    EXPECT_EQ(ProfileAt(zeta, 10).UrsInstallCode(), u"I-Zeta");
+    EXPECT_EQ(ProfileAt(zeta, 10).UrsMaterialCode(), u"M-Zeta");
+    EXPECT_EQ(ShownNames(editor).back(), u"Zeta");
+    EXPECT_EQ(SelectedName(), u"Zeta");
+    EXPECT_EQ(Text(IDC_NAME), u"Zeta");
+    EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
+    wchar_t title[8] = {};
+    TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 8, 0, 0};
+    editor.ProfilePane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
+    EXPECT_STREQ(title, L"Výška");
+    Click(IDC_PROFILE_ADD);
+    EXPECT_EQ(zeta.Profiles().size(), 3u);
+    EXPECT_EQ(MaterialNamed(editor.WorkingList(), u"Beta").Profiles().size(), 2u);
+
+}
+
+// With no material current the fields show a new material's defaults, the profile pane is empty,
+// its commands and code edits are disabled, and a command sent anyway shows nothing.
+TEST_F(MaterialEditor, NoMaterialCurrentShowsNothingAndDisablesTheProfileCommands) {
+    AddEveryShape(catalogue);
+    Open();
+    const auto expectNothingShown = [&](const char* when) {
+        editor.Send(WM_COMMAND, MAKEWPARAM(IDC_PROFILE_ADD, BN_CLICKED), 0);
+        EXPECT_EQ(Text(IDC_NAME) + SelectedName(), u"") << when;
+        EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.01") << when;
+        EXPECT_EQ(editor.ProfilePane().GetCount(), 0) << when;
+        EXPECT_TRUE(messages.shown.empty()) << when;
+        for (const int id : {IDC_PROFILE_ADD, IDC_PROFILE_DELETE_ALL, IDC_URS_MATERIAL, CTreeListCtrl::kControlId}) {
+            EXPECT_FALSE(IsWindowEnabled(Control(id))) << when << id;
+        }
+    };
+    Click(IDC_FILTER_WATER);
+    expectNothingShown("a filter listing none");
+    Click(IDC_FILTER_ALL);
+    Click(IDC_MATERIAL_ADD);
+    Click(IDC_MATERIAL_REVERT);
+    expectNothingShown("\"+\" cancelled");
+    EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
+    SelectRowOf(u"Beta");
+    Click(IDC_MATERIAL_COPY);
+    MSG escape{Control(IDC_NAME), WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+    editor.ProcessMessage(escape);
+    expectNothingShown("\"%\" cancelled");
+    while (editor.MaterialList().GetItemCount() > 0) {
+        SelectRowOf(ShownNames(editor).front());
+        Click(IDC_MATERIAL_DELETE);
+    }
+    expectNothingShown("every material deleted");
+}
+
+// After "Ulož.." the list has the focus and typing there finds a material by its beginning. Growing
+// the dialog widens the list, the pane and the long texts by half the growth, the last column of
+// each list taking it.
+TEST_F(MaterialEditor, TypingInTheListFindsAMaterialAndGrowingWidensTheListsAndTheirLastColumns) {
+    std::ifstream standard(std::filesystem::path(VELMORA_STANDARD_CATALOGUE), std::ios::binary);
+    ReadCatalogue(catalogue, Bytes(std::istreambuf_iterator<char>(standard), {}));
+    Open();
+    Click(IDC_MATERIAL_EDIT);
+    Click(IDC_MATERIAL_APPLY);
+    ASSERT_EQ(GetFocus(), editor.MaterialList().Handle());
+    gui::Type(editor.MaterialList().Handle(), u"Ka");
+    gui::Pump(editor);
+    EXPECT_EQ(SelectedName(), u"Kamenina");
+    EXPECT_EQ(Text(IDC_NAME), u"Kamenina");
+
+    const auto widths = [&] {
+        RECT place{};
+        GetWindowRect(Control(IDC_DESCRIPTION), &place);
+        TVCOLUMNW last{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
+        editor.ProfilePane().Send(TVM_GETCOLUMN, kWidthColumn, reinterpret_cast<LPARAM>(&last));
+        return std::vector<int>{ListView_GetColumnWidth(editor.MaterialList().Handle(), 2), last.cx,
+                                static_cast<int>(place.right - place.left)};
+    };
+    const std::vector<int> before = widths();
+    RECT window{};
+    GetWindowRect(editor.Handle(), &window);
+    SetWindowPos(editor.Handle(), nullptr, 0, 0, window.right - window.left + 200, window.bottom - window.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+    const std::vector<int> after = widths();
+    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i] - before[i], 100) << i;
 }
 
 // The figure is printed for people; the test checks that every row is listed in order.

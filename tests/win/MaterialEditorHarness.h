@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -28,6 +29,24 @@ inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name
         record.medium = medium;
     });
     return material;
+}
+
+// Sewer materials "Alfa" and "Beta" (circles), "Vejce", "Praha", "Tlama" and "Rám" (shapes 1 to 4),
+// each with DN 80 and DN 100 profiles, every profile with a width and both codes; unchanged.
+inline void AddEveryShape(CQvxSezMaterialu& list) {
+    const std::u16string_view names[] = {u"Alfa", u"Beta", u"Vejce", u"Praha", u"Tlama", u"Rám"};
+    for (int i = 0; i < 6; ++i) {
+        CQvxMaterial& material = AddUsedFor(list, names[i], kPlacementAll, kMediumSewage);
+        EditMaterial(material, [&](MaterialExchangeRecord& record) { record.shape = ProfileShape(std::max(i - 1, 0)); });
+        for (const int dnIndex : {10, 11}) {
+            CQvxProfil& profile = *material.AddProfile(dnIndex);
+            const std::u16string code = std::u16string(names[i].substr(0, 2)) + (dnIndex == 10 ? u"80" : u"100");
+            profile.SetWidth(1000 * i + dnIndex);
+            profile.SetUrsMaterialCode(u"M" + code);
+            profile.SetUrsInstallCode(u"I" + code);
+        }
+    }
+    list.SetUnchanged(true);
 }
 
 // What a dialog's material list shows in its first column, row by row.
@@ -72,6 +91,11 @@ protected:
         gui::Pump(dialog);
     }
     std::u16string Text(int id) const { return gui::Text(Control(id)); }
+    // The name of the selected row of the material list; empty when none is selected.
+    std::u16string SelectedName() const {
+        const int row = dialog.MaterialList().GetNextItem(-1, LVNI_SELECTED);
+        return row >= 0 ? dialog.RowMaterial(row)->UniqueName() : u"";
+    }
     bool Checked(int id) const { return IsDlgButtonChecked(dialog.Handle(), id) == BST_CHECKED; }
 
     ScriptedUserMessages messages;

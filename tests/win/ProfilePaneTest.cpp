@@ -77,21 +77,23 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAr
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
     EXPECT_NE(pe.FindProfile(5), nullptr);
 
-    // The price-list codes are stored when the selection moves on.
+    // The price-list codes are stored, each in its field, when the selection moves on; the 10th
+    // character is refused with the balloon, never with an exception box.
     SelectProfile(3);
     gui::SetText(Control(IDC_URS_INSTALL), u"M1");
     gui::SetText(Control(IDC_URS_MATERIAL), u"K123");
     EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"");
     SelectProfile(4);
-    // Both edits go to the material code, the second last.
     EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"K123");
-    EXPECT_EQ(pe.FindProfile(3)->UrsInstallCode(), u"");
+    EXPECT_EQ(pe.FindProfile(3)->UrsInstallCode(), u"M1");
     EXPECT_EQ(Text(IDC_URS_MATERIAL), u"");
 
-    gui::SetText(Control(IDC_URS_MATERIAL), u"0123456789");  // ten characters: the profile refuses
+    gui::Type(Control(IDC_URS_MATERIAL), u"0123456789");
+    EXPECT_EQ(Text(IDC_URS_MATERIAL), u"012345678");
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Maximální délka je omezena na 9 znaků");
     SelectProfile(3);
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(pe.FindProfile(4)->UrsMaterialCode(), u"012345678");
     EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
 
     // Selecting the row again refills the pane before the old rows could be drawn.

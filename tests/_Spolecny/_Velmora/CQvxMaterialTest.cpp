@@ -217,19 +217,24 @@ TEST_F(MaterialComparison, IsEqualUsesExactNamesAndProfilesWithinTolerances) {
     EXPECT_FALSE(material.IsEqual(displayName));
 }
 
-TEST_F(MaterialComparison, CopyLeavesShapeAndFileIndexBehind) {
+TEST_F(MaterialComparison, CopyKeepsEveryFieldProfileAndUser) {
     Describe(DescriptionMode::Custom, 4, true, u"A", u"B");
     EditMaterial(material, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::EggPrague; });
     material.SetFileIndex(7);
-    material.AddProfile(2);
+    CQvxProfil* profile = material.AddProfile(2);
+    profile->SetWidth(640);
+    profile->SetUrsMaterialCode(u"M1");
+    profile->SetUrsInstallCode(u"I1");
     CQvxMaterial* slot = &material;
     material.Users().Register(&slot);
 
     CQvxSezMaterialu otherList;
+    otherList.SetUnchanged(true);
     CQvxMaterial copy(&otherList, material);
     EXPECT_EQ(Summary(copy),
-              "PE () '' '' 3/31 k 1e-05 0/4 mode 2 inner 'A' 'B' shape 0 #-2\n"
-              "2: 14.727273 x 1.6363636, 0, '' '' [A15B d18]");
+              "PE () '' '' 3/31 k 1e-05 0/4 mode 2 inner 'A' 'B' shape 2 #7\n"
+              "2: 14.727273 x 1.6363636, 640, 'M1' 'I1' [A15B d18]");
+    EXPECT_TRUE(otherList.IsUnchanged());
     EXPECT_EQ(copy.Users().Count(), 1u);
     EXPECT_EQ(copy.FindProfile(2)->Owner(), &copy);
     EXPECT_EQ(copy.Owner(), &otherList);

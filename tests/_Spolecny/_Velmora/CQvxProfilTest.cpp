@@ -124,7 +124,7 @@ TEST_F(ProfileRecord, MaterialCodeHoldsNineCharacters) {
     EXPECT_EQ(profile->UrsMaterialCode(), u"286111111");
 }
 
-TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidthAndDestructionClearsSlots) {
+TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndWidthDropsTheInstallCodeAndDestructionClearsSlots) {
     CQvxProfil* source = material.AddProfile(11);
     source->SetDimensions(96.8f, 6.6f);
     source->SetUrsMaterialCode(u"M1");
@@ -140,7 +140,7 @@ TEST_F(ProfileRecord, CopyKeepsTheMaterialCodeAndDropsInstallCodeAndWidthAndDest
     EXPECT_FLOAT_EQ(copy.Wall(), 6.6f);
     EXPECT_EQ(copy.UrsMaterialCode(), u"M1");
     EXPECT_EQ(copy.UrsInstallCode(), u"");
-    EXPECT_EQ(copy.Width(), 0);
+    EXPECT_EQ(copy.Width(), 640);
     EXPECT_EQ(copy.Users().Count(), 1u);
     EXPECT_EQ(copy.Label(), u"110x6.6");
     EXPECT_EQ(copy.Owner(), &other);

@@ -6,6 +6,7 @@
 
 #include "_Velmora/CQvxMaterial.h"
 #include "support/CatalogueBuilding.h"
+#include "support/RecordSummary.h"
 #include "support/ScriptedUserMessages.h"
 
 namespace {
@@ -58,7 +59,11 @@ TEST(MaterialList, ClearKeepingUsedLetsUsedMaterialsLive) {
 TEST(MaterialList, AssignFromCopiesDeeplyWithUsersAndTheUnchangedFlag) {
     CQvxSezMaterialu source;
     CQvxMaterial& pe = AddMaterial(source, u"PE");
-    pe.AddProfile(11)->SetUrsMaterialCode(u"M1");
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Mouth; });
+    CQvxProfil& profile = *pe.AddProfile(11);
+    profile.SetUrsMaterialCode(u"M1");
+    profile.SetUrsInstallCode(u"I1");
+    profile.SetWidth(640);
     CQvxMaterial* slot = &pe;
     pe.Users().Register(&slot);
     source.SetUnchanged(true);
@@ -70,7 +75,7 @@ TEST(MaterialList, AssignFromCopiesDeeplyWithUsersAndTheUnchangedFlag) {
     const CQvxMaterial& copied = MaterialNamed(copy, u"PE");
     EXPECT_NE(&copied, &pe);
     EXPECT_EQ(copied.Owner(), &copy);
-    EXPECT_EQ(ProfileAt(copied, 11).UrsMaterialCode(), u"M1");
+    EXPECT_EQ(Summary(copied), Summary(pe));  // every field, the shape, widths and both codes included
     EXPECT_EQ(copied.Users().Count(), 1u);
     EXPECT_TRUE(copy.IsUnchanged());
 

@@ -82,6 +82,12 @@ TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
     EXPECT_EQ(CzechLowered(u"ŽLUŤOUČKÝ KŮŇ Ě Ď Ň Ř Š Ť Ú Ů Ý Á É Í Ó ĹĽŔ ĀĶŊŶŹ ÀÖØÞ × Ÿ İ ΑΩ ЀЏАЯ"),
               u"žluťoučký kůň ě ď ň ř š ť ú ů ý á é í ó ĺľŕ āķŋŷź àöøþ × ÿ i αω ѐџая");
     EXPECT_EQ(CzechLowered(u"ı ĸ ŉ ſ ß 1-[]"), u"ı ĸ ŉ ſ ß 1-[]");
+
+    // Typing in the list: from the start row on, case ignored, round to the top only with wrap.
+    EXPECT_EQ(FindRowStartingWith(rows, u"AB", 2, false), 2);
+    EXPECT_EQ(FindRowStartingWith(rows, u"ab", 3, false), -1);
+    EXPECT_EQ(FindRowStartingWith(rows, u"ab", 3, true), 0);
+    EXPECT_EQ(FindRowStartingWith(rows, u"Č", 0, false), 4);
 }
 
 TEST(MaterialEditModes, TransitionsFollowTheCommands) {
@@ -122,6 +128,7 @@ TEST(MaterialEditModes, EditingLayoutIsTheReverseOfBrowsing) {
         EXPECT_TRUE(LayoutOf(group, EditMode::Browse).enabled);
         EXPECT_TRUE(LayoutOf(group, EditMode::Browse).visible);
     }
+    EXPECT_FALSE(LayoutOf(EditorGroup::ProfilePane, EditMode::Browse, false).enabled);  // no material shown
 }
 
 TEST(MaterialFields, BufferOfAMaterialAndOfANewOne) {
