@@ -248,7 +248,7 @@ void TreeListWindow::OnEditorCommand(WORD code) {
             if (combo) SetFocus(window_);
             return;
         case EN_KILLFOCUS:
-            if (!combo) EndEdit(EndMode::Commit);
+            if (!combo) EndEdit(EndMode::CommitOnFocusLoss);
             return;
         case CBN_KILLFOCUS:
             if (combo) {
@@ -306,7 +306,9 @@ void TreeListWindow::EndEdit(EndMode mode) {
         CCheckedEdit& edit = SharedEdit();
         edit.CheckWholeText();
         if (!edit.IsValid()) {
-            edit.ShowErrorBalloon();
+            // A window shown while the focus moves may never appear: leaving by the focus, the
+            // balloon waits until the editor has the focus back (ReturnFocusToEditor).
+            if (mode != EndMode::CommitOnFocusLoss) edit.ShowErrorBalloon();
             keepOpen();
             return;
         }
@@ -369,7 +371,9 @@ void TreeListWindow::CommitAndTab(bool backwards) {
 }
 
 void TreeListWindow::ReturnFocusToEditor() {
-    if (editItem_ != 0 && editor_ != nullptr && IsWindowVisible(editor_)) SetFocus(editor_);
+    if (editItem_ == 0 || editor_ == nullptr || !IsWindowVisible(editor_)) return;
+    SetFocus(editor_);
+    if (!SharedEdit().IsValid()) SharedEdit().ShowErrorBalloon();
 }
 
 LRESULT CALLBACK TreeListWindow::EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

@@ -108,7 +108,7 @@ private:
     void PlaceCaret(const EditArgument& argument, const std::u16string& text, HFONT font);
     void FillChoices(const LPCWSTR* choices, const std::u16string& text);
     void OnEditorCommand(WORD code);
-    enum class EndMode { Cancel, Commit, CommitByEnter };
+    enum class EndMode { Cancel, Commit, CommitByEnter, CommitOnFocusLoss };
     void EndEdit(EndMode mode);
     static LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                        DWORD_PTR self);

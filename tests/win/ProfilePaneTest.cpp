@@ -217,6 +217,7 @@ TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedT
     }
     EXPECT_EQ(GetFocus(), cellEditor);  // taken back from the list
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
+    gui::Pump(editor, 100);  // the header paints for the picture
     gui::SaveScreenshot(L"profiles-cell-editor");
     gui::PressKey(cellEditor, VK_ESCAPE);
     EXPECT_EQ(heard, "BE");
