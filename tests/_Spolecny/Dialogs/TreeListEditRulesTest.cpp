@@ -112,8 +112,6 @@ TEST(EditorPlace, WidthFromTheTextWithItsAllowances) {
     EXPECT_EQ(PlaceEditor(input).width, 90 + 3 + 17);
     input = {100, 60, 400, 70, 3, EditorKind::EditField, 0, false, 17, 144};
     EXPECT_EQ(PlaceEditor(input).width, 70 + 15 + 3);
-    input.textWidth = 50;
-    EXPECT_EQ(PlaceEditor(input).width, 72 + 3);
 
     input = {100, 80, 400, 20, 2, EditorKind::EditField, 1, false, 17, 96};  // right-aligned column
     EXPECT_EQ(PlaceEditor(input).left, 100 + 80 - 50);
