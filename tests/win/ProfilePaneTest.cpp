@@ -199,7 +199,9 @@ TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedT
     const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
         // typed over the text, key (0: the focus goes to the material list), heard, end mask
         {ProfileCellText(dn100, ProfileShape::Circle, kWallColumn), VK_RETURN, "BVES", 0x10008005},
-        {u"", 0, "BVES", 0x00008005}, {u"6", VK_TAB, "BVES", 0x20008005}, {u"8", VK_ESCAPE, "BE", 0x20008005},
+        {u"", 0, "BVES", 0x00008005},
+        {u"6", VK_TAB, "BVES", 0x20008005},
+        {u"8", VK_ESCAPE, "BE", 0x20008005},
         {u"2.", 0, "B", 0}};
     HWND cellEditor = nullptr;
     for (const auto& [typed, key, expected, mask] : endings) {
@@ -237,7 +239,8 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
     EXPECT_EQ(gui::Text(Editor()), u"4");  // the typed character replaced the text
     gui::PressKey(Editor(), VK_ESCAPE);
 
-    const std::tuple<bool, const char16_t*, bool> lefts[] = {{false, u"", false}, {true, u"2.", false}, {true, u"", true}};
+    const std::tuple<bool, const char16_t*, bool> lefts[] = {
+        {false, u"", false}, {true, u"2.", false}, {true, u"", true}};
     for (const auto& [arrows, text, leaves] : lefts) {  // the arrow style, a text typed first, whether it leaves
         Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
         const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
