@@ -131,12 +131,15 @@ LRESULT CCheckedEdit::Colours(HDC dc) {
 }
 
 void CCheckedEdit::OnKillFocus() {
+    // Trimmed first, so that the parent reading the field on the notice sees the text it is told.
     const std::u16string trimmed = RightTrimmed(Text());
+    if (trimmed != Text()) {
+        settingText_ = true;  // the change notification of our own write stays here
+        SetText(trimmed);
+        settingText_ = false;
+    }
     SendMessageW(Parent(), WM_CHECKEDEDIT_KILLFOCUS, reinterpret_cast<WPARAM>(Handle()),
                  reinterpret_cast<LPARAM>(Wide(trimmed)));
-    settingText_ = true;  // the change notification of our own write stays here
-    SetText(trimmed);
-    settingText_ = false;
 }
 
 bool CCheckedEdit::OnReflected(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {

@@ -20,7 +20,7 @@ inline constexpr UINT WM_CHECKEDEDIT_KILLFOCUS = WM_APP + 1020;
 //
 // The owner attaches it to an edit window (Subclass) and may change its rules, message and title
 // between uses. On losing the focus the field trims its trailing blanks without a change
-// notification to the parent, and tells the parent the trimmed text (WM_CHECKEDEDIT_KILLFOCUS).
+// notification to the parent, then tells the parent the trimmed text (WM_CHECKEDEDIT_KILLFOCUS).
 class CCheckedEdit : public CEdit {
 public:
     CCheckedEdit(TextCheck wholeTextCheck = nullptr, TextCheck keystrokeCheck = nullptr,

@@ -121,7 +121,7 @@ HWND TreeListWindow::StartEdit(TreeItem item, std::uint32_t packed) {
     const EditorSpan span =
         PlaceEditor({static_cast<int>(cell.left), static_cast<int>(cell.right - cell.left),
                      static_cast<int>(client.right), static_cast<int>(measured.right), static_cast<int>(text.size()),
-                     editorKind_, format, argument.fullWidth, GetSystemMetrics(SM_CXVSCROLL)});
+                     editorKind_, format, argument.fullWidth, GetSystemMetrics(SM_CXVSCROLL), dpi_});
 
     // 8. The owner may still refuse.
     NMTVEDITW begin{};
@@ -146,6 +146,7 @@ HWND TreeListWindow::StartEdit(TreeItem item, std::uint32_t packed) {
     } else {
         RedrawWindow(editor_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
     }
+    startText_ = text;
     editItem_ = item;
     editColumn_ = column;
     return editor_;
@@ -247,7 +248,7 @@ void TreeListWindow::OnEditorCommand(WORD code) {
             if (combo) SetFocus(window_);
             return;
         case EN_KILLFOCUS:
-            if (!combo) EndEdit(EndMode::Commit);
+            if (!combo) EndEdit(EndMode::CommitOnFocusLoss);
             return;
         case CBN_KILLFOCUS:
             if (combo) {
@@ -282,13 +283,15 @@ void TreeListWindow::EndEdit(EndMode mode) {
     if (combo && model_.HasColumn(column)) {
         capacity = model_.Column(column).editParam2 != 0 ? model_.Column(column).editParam2 : kComboTextCapacity;
     }
-    std::u16string text = commit ? WindowText(editor_, capacity) : std::u16string();
+    const std::u16string typed = WindowText(editor_, capacity);
+    std::u16string text = commit ? typed : std::u16string();
     const int chosen = combo ? static_cast<int>(SendMessageW(editor_, CB_GETCURSEL, 0, 0)) : -1;
+    const bool changed = TextChangedDuringEdit(edited_, startText_, typed);
 
     NMTVEDITW record{};
     auto fill = [&] {
         record.item = DescribeCell(item, column, text);
-        record.item.mask |= (edited_ ? TVIF_TEXTCHANGED : 0) | (mode == EndMode::CommitByEnter ? TVIF_RETURNKEY : 0);
+        record.item.mask |= (changed ? TVIF_TEXTCHANGED : 0) | (mode == EndMode::CommitByEnter ? TVIF_RETURNKEY : 0);
         if (!commit) record.item.pszText = nullptr;
         record.item.cchTextMax = kEndTextCapacity;
         record.chosenIndex = chosen;
@@ -303,7 +306,9 @@ void TreeListWindow::EndEdit(EndMode mode) {
         CCheckedEdit& edit = SharedEdit();
         edit.CheckWholeText();
         if (!edit.IsValid()) {
-            edit.ShowErrorBalloon();
+            // A window shown while the focus moves may never appear: leaving by the focus, the
+            // balloon waits until the editor has the focus back (ReturnFocusToEditor).
+            if (mode != EndMode::CommitOnFocusLoss) edit.ShowErrorBalloon();
             keepOpen();
             return;
         }
@@ -352,8 +357,23 @@ bool TreeListWindow::CaretAtEnd(HWND editor) const {
 
 void TreeListWindow::CommitAndMove(UINT key) {
     SendMessageW(window_, WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, kEditorCommit), reinterpret_cast<LPARAM>(editor_));
+    if (editItem_ != 0) return;  // refused: the current cell stays under its open editor
     PostMessageW(window_, WM_KEYDOWN, key, 1);
     PostMessageW(window_, WM_KEYUP, key, 1 | (LPARAM{3} << 30));
+}
+
+void TreeListWindow::CommitAndTab(bool backwards) {
+    SendMessageW(window_, TVM_ENDEDITLABELNOW, 0, 0);
+    if (editItem_ != 0) return;  // refused: the editor stays with its balloon
+    // From the control, the dialog's tab order goes on as if the control had had the focus.
+    SetFocus(window_);
+    SendMessageW(GetAncestor(window_, GA_ROOT), WM_NEXTDLGCTL, backwards ? 1 : 0, FALSE);
+}
+
+void TreeListWindow::ReturnFocusToEditor() {
+    if (editItem_ == 0 || editor_ == nullptr || !IsWindowVisible(editor_)) return;
+    SetFocus(editor_);
+    if (!SharedEdit().IsValid()) SharedEdit().ShowErrorBalloon();
 }
 
 LRESULT CALLBACK TreeListWindow::EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -374,7 +394,7 @@ LRESULT TreeListWindow::OnEditorMessage(HWND editor, UINT message, WPARAM wParam
         case WM_GETDLGCODE:
             return DefSubclassProc(editor, message, wParam, lParam) | DLGC_WANTALLKEYS;
         case WM_CHAR:
-            if (wParam == VK_RETURN || wParam == VK_ESCAPE) return 0;  // their keys did the work
+            if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) return 0;  // their keys did the work
             break;
         case WM_KEYDOWN:
             switch (wParam) {
@@ -385,6 +405,9 @@ LRESULT TreeListWindow::OnEditorMessage(HWND editor, UINT message, WPARAM wParam
                 case VK_ESCAPE:
                     SendMessageW(window_, WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, kEditorCancel),
                                  reinterpret_cast<LPARAM>(editor_));
+                    return 0;
+                case VK_TAB:
+                    CommitAndTab(GetKeyState(VK_SHIFT) < 0);
                     return 0;
                 case VK_LEFT:
                     if (arrowsLeave && editor != box && CaretAtStart(editor)) {
@@ -433,10 +456,18 @@ LRESULT TreeListWindow::OnEditorMessage(HWND editor, UINT message, WPARAM wParam
             return result;
         }
         case WM_KILLFOCUS: {
+            // The default handling commits (the edit field's focus-lost notification).
             const LRESULT result = DefSubclassProc(editor, message, wParam, lParam);
-            if (editor_ != nullptr && IsWindowVisible(editor_)) {
-                editItem_ = 0;
-                ShowWindow(editor_, SW_HIDE);
+            if (editor_ == nullptr || !IsWindowVisible(editor_)) return result;
+            if (editItem_ != 0) {
+                // Refused: the edit stays open, and takes the focus back from the window of the
+                // same dialog that took it, once that window has it.
+                const auto to = reinterpret_cast<HWND>(wParam);
+                if (to != nullptr && GetAncestor(to, GA_ROOT) == GetAncestor(window_, GA_ROOT)) {
+                    PostMessageW(window_, kReturnFocusToEditor, 0, 0);
+                }
+            } else if (!ending_) {
+                ShowWindow(editor_, SW_HIDE);  // the end of an edit that said nothing
             }
             return result;
         }

@@ -97,8 +97,9 @@ EditorSpan PlaceEditor(const EditorSpanInput& input) {
         return {input.cellLeft, std::max(right - input.cellLeft, 0)};
     }
     const bool combo = input.kind != EditorKind::EditField;
-    int width = input.textWidth + 10;
-    width = std::max(width, combo ? 60 : 48);
+    const auto scaled = [&](int pixels) { return (pixels * input.dpi + 48) / 96; };  // rounded as MulDiv does
+    int width = input.textWidth + scaled(10);
+    width = std::max(width, scaled(combo ? 60 : 48));
     width += input.textLength;
     if (combo) width += input.scrollBarWidth;
 
@@ -109,6 +110,10 @@ EditorSpan PlaceEditor(const EditorSpanInput& input) {
         left = input.cellLeft + input.cellWidth - width;
     }
     return {std::max(left, input.cellLeft), width};
+}
+
+bool TextChangedDuringEdit(bool edited, std::u16string_view startText, std::u16string_view endText) {
+    return edited && startText != endText;
 }
 
 int CaretAtOffset(const std::vector<int>& extents, int offset) {

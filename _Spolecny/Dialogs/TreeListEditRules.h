@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Dialogs/CheckedTextRules.h"
@@ -78,7 +79,8 @@ bool EditorKindForMode(std::uint8_t mode, EditorKind& kind);
 bool TypingStartsEdit(std::uint8_t mode, std::uint8_t flags);
 
 // Where the editor goes across its cell (x and width, in client pixels), before the offset of
-// 2 pixels that every editor gets.
+// 2 pixels that every editor gets. The allowances around the text grow with the monitor's pixel
+// density, as the rows and indents do; the one pixel per character does not.
 struct EditorSpan {
     int left;
     int width;
@@ -93,8 +95,13 @@ struct EditorSpanInput {
     int format;  // column alignment: 0 left, 1 right, 2 centre
     bool fullWidth;
     int scrollBarWidth;
+    int dpi;  // the control's pixel density; 96 is 100 %
 };
 EditorSpan PlaceEditor(const EditorSpanInput& input);
+
+// Whether an edit changed the cell: only a text that differs from the one the edit started with
+// counts, so that a text written back unchanged, or typed back to what it was, is no change.
+bool TextChangedDuringEdit(bool edited, std::u16string_view startText, std::u16string_view endText);
 
 // The caret position for a click `offset` pixels into a text whose characters end at `extents`.
 int CaretAtOffset(const std::vector<int>& extents, int offset);

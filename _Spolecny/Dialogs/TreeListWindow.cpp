@@ -252,6 +252,9 @@ LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return SendToOwner(message, wParam, lParam);
         }
+        case kReturnFocusToEditor:
+            ReturnFocusToEditor();
+            return 0;
         case WM_DESTROY:
             DestroyEditor();
             break;
@@ -679,6 +682,7 @@ TreeListWindow::Hit TreeListWindow::HitTest(POINT point) {
 void TreeListWindow::OnButtonDown(POINT point, bool doubleClick) {
     const bool hadFocus = GetFocus() == window_;
     if (!hadFocus) SetFocus(window_);  // an open edit commits as its editor loses the focus
+    if (editItem_ != 0) return;        // a refused commit keeps its editor and its cell
     const Hit hit = HitTest(point);
     if (hit.item == 0) return;
 

@@ -108,7 +108,7 @@ private:
     void PlaceCaret(const EditArgument& argument, const std::u16string& text, HFONT font);
     void FillChoices(const LPCWSTR* choices, const std::u16string& text);
     void OnEditorCommand(WORD code);
-    enum class EndMode { Cancel, Commit, CommitByEnter };
+    enum class EndMode { Cancel, Commit, CommitByEnter, CommitOnFocusLoss };
     void EndEdit(EndMode mode);
     static LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                        DWORD_PTR self);
@@ -116,6 +116,10 @@ private:
     bool CaretAtStart(HWND editor) const;
     bool CaretAtEnd(HWND editor) const;
     void CommitAndMove(UINT key);
+    void CommitAndTab(bool backwards);
+    // Posted to the control when a refused commit keeps the editor open while the focus moves on.
+    static constexpr UINT kReturnFocusToEditor = WM_USER + 0x300;
+    void ReturnFocusToEditor();
 
     HWND window_;
     HWND owner_;
@@ -144,5 +148,6 @@ private:
     int editColumn_ = 0;
     bool textFromOwner_ = false;
     bool edited_ = false;
+    std::u16string startText_;  // the cell's text when the edit started
     bool ending_ = false;
 };

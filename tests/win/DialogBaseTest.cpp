@@ -201,9 +201,9 @@ TEST_F(CheckedFields, FullFieldRefusesTheNextCharacterWithBeepAndBalloonBesideAT
     EXPECT_EQ(gui::VisibleBalloons().size(), 2u);  // the refusal's and the tooltip
     gui::SaveScreenshot(L"editor-tooltip-and-refusal");
 
-    // Leaving "Název:" names an empty "Popis:" after it; leaving it again trims its trailing
-    // blanks without a word, and a filled "Popis:" stays.
-    for (const char16_t* typed : {u"PE 100", u"  "}) {
+    // Leaving "Název:" names an empty "Popis:" after it, both without trailing blanks; leaving it
+    // again trims them without a word, and a filled "Popis:" stays.
+    for (const char16_t* typed : {u"PE 100  ", u"  "}) {
         SetFocus(name);
         SendMessageW(name, EM_SETSEL, 99, 99);  // the caret at the end
         gui::Type(name, typed);

@@ -2,6 +2,8 @@
 // its in-place editor under Wine.
 
 #include <cstring>
+#include <string>
+#include <tuple>
 #include <utility>
 
 #include "Dialogs/TreeListEditRules.h"
@@ -69,6 +71,19 @@ protected:
 
     std::u16string startText;
 };
+
+// What the editor dialog hears of the pane's edits, in order (Begin, Validate, End, Store), and the
+// end record's mask.
+std::string heard;
+UINT endMask = 0;
+LRESULT CALLBACK Overhear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    const auto* edit = reinterpret_cast<const NMTVEDITW*>(lParam);
+    const UINT code = message == WM_NOTIFY ? edit->hdr.code : 0;
+    if (code == TVN_ENDLABELEDITW) endMask = edit->item.mask;
+    if (message == TVM_VALIDATEEDIT) heard += 'V';
+    heard += code == TVN_BEGINLABELEDITW ? "B" : code == TVN_ENDLABELEDITW ? "E" : code == TVN_SETDISPINFOW ? "S" : "";
+    return DefSubclassProc(window, message, wParam, lParam);
+}
 
 TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAreStored) {
     CQvxMaterial& pe = OpenWith({3, 4});
@@ -176,9 +191,45 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
 }
 
+// However an edit of a number cell ends, the editor hears of it in order; the end record is marked
+// changed only for a text unlike the cell's. Tab goes on to the next control. A text that is no
+// number keeps the editor open and focused with its balloon when the focus leaves it.
+TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedTextStaysOpen) {
+    const CQvxProfil& dn100 = *OpenWith({kDn80, kDn100}).FindProfile(kDn100);
+    SetWindowSubclass(editor.Handle(), Overhear, 1, 0);
+    SetForegroundWindow(editor.Handle());
+    const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
+        // typed over the text, key (0: the focus goes to the material list), heard, end mask
+        {ProfileCellText(dn100, ProfileShape::Circle, kWallColumn), VK_RETURN, "BVES", 0x10008005},
+        {u"", 0, "BVES", 0x00008005},
+        {u"6", VK_TAB, "BVES", 0x20008005},
+        {u"8", VK_ESCAPE, "BE", 0x20008005},
+        {u"2.", 0, "B", 0}};
+    HWND cellEditor = nullptr;
+    for (const auto& [typed, key, expected, mask] : endings) {
+        heard.clear();
+        endMask = 0;
+        cellEditor = Pane().EditLabel(RowOf(kDn100), AutomaticEditArgument(kWallColumn));
+        gui::Type(cellEditor, typed);
+        key != 0 ? gui::PressKey(cellEditor, key) : void(SetFocus(Control(IDC_MATERIAL_LIST)));
+        gui::Pump(editor);
+        EXPECT_EQ(heard, expected) << Wide(typed);
+        EXPECT_EQ(endMask, mask) << Wide(typed);
+        EXPECT_EQ(GetFocus() == GetNextDlgTabItem(editor.Handle(), Pane().Handle(), FALSE), key == VK_TAB);
+    }
+    EXPECT_EQ(GetFocus(), cellEditor);  // taken back from the list
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
+    gui::Pump(editor, 100);  // the header paints for the picture
+    gui::SaveScreenshot(L"profiles-cell-editor");
+    gui::PressKey(cellEditor, VK_ESCAPE);
+    EXPECT_EQ(heard, "BE");
+    EXPECT_FALSE(IsWindowVisible(cellEditor));
+    RemoveWindowSubclass(editor.Handle(), Overhear, 1);
+}
+
 // A digit typed into a selected number cell starts its edit. Left at the start of the text stays
-// in the editor, unless the pane has the style that lets the arrows leave it. The current cell is
-// painted as such.
+// in the editor, unless the pane has the style that lets the arrows leave it and the text is
+// taken. The current cell is painted as such.
 TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyleAndTheCellIsPainted) {
     OpenWith({kDn80, kDn100});
     SetForegroundWindow(editor.Handle());
@@ -190,13 +241,17 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
     EXPECT_EQ(gui::Text(Editor()), u"4");  // the typed character replaced the text
     gui::PressKey(Editor(), VK_ESCAPE);
 
-    for (const bool arrows : {false, true}) {
+    const std::tuple<bool, const char16_t*, bool> lefts[] = {
+        {false, u"", false}, {true, u"2.", false}, {true, u"", true}};
+    for (const auto& [arrows, text, leaves] : lefts) {  // the arrow style, a text typed first, whether it leaves
         Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
-        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn | (2u << 26));  // caret at 0
+        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
+        gui::Type(cellEditor, text);                // over the selected text
+        SendMessageW(cellEditor, EM_SETSEL, 0, 0);  // the caret at 0
         gui::PressKey(cellEditor, VK_LEFT);
         gui::Pump(editor);
-        EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !arrows) << arrows;
-        EXPECT_EQ(Pane().GetCurrentColumn(), arrows ? kOuterColumn : kWallColumn) << arrows;
+        EXPECT_EQ(IsWindowVisible(cellEditor) != FALSE, !leaves) << arrows;
+        EXPECT_EQ(Pane().GetCurrentColumn(), leaves ? kOuterColumn : kWallColumn) << arrows;
     }
 
     // With the pane not focused the current cell shows in the button face colour, within grid lines.

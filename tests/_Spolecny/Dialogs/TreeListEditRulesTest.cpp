@@ -99,7 +99,7 @@ TEST(EditModes, KindsAndWhichStartOnTyping) {
 }
 
 TEST(EditorPlace, WidthFromTheTextWithItsAllowances) {
-    EditorSpanInput input{100, 60, 400, 20, 3, EditorKind::EditField, 0, false, 17};
+    EditorSpanInput input{100, 60, 400, 20, 3, EditorKind::EditField, 0, false, 17, 96};
     EXPECT_EQ(PlaceEditor(input).width, 48 + 3);  // 20 + 10 is raised to 48, then one per character
     input.textWidth = 50;
     EXPECT_EQ(PlaceEditor(input).width, 50 + 10 + 3);
@@ -108,15 +108,19 @@ TEST(EditorPlace, WidthFromTheTextWithItsAllowances) {
     input.kind = EditorKind::EditableCombo;
     input.textWidth = 20;
     EXPECT_EQ(PlaceEditor(input).width, 60 + 3 + 17);
+    input.dpi = 144;  // 150 %: the allowances grow by half, the pixel per character does not
+    EXPECT_EQ(PlaceEditor(input).width, 90 + 3 + 17);
+    input = {100, 60, 400, 70, 3, EditorKind::EditField, 0, false, 17, 144};
+    EXPECT_EQ(PlaceEditor(input).width, 70 + 15 + 3);
 
-    input = {100, 80, 400, 20, 2, EditorKind::EditField, 1, false, 17};  // right-aligned column
+    input = {100, 80, 400, 20, 2, EditorKind::EditField, 1, false, 17, 96};  // right-aligned column
     EXPECT_EQ(PlaceEditor(input).left, 100 + 80 - 50);
     input.format = 2;  // centred
     EXPECT_EQ(PlaceEditor(input).left, 100 + 15);
     input.cellWidth = 30;  // wider than the cell: starts at the cell
     EXPECT_EQ(PlaceEditor(input).left, 100);
 
-    input = {350, 100, 400, 20, 2, EditorKind::EditField, 0, true, 17};
+    input = {350, 100, 400, 20, 2, EditorKind::EditField, 0, true, 17, 96};
     const EditorSpan full = PlaceEditor(input);
     EXPECT_EQ(full.left, 350);
     EXPECT_EQ(full.width, 50);  // clipped to the client width
