@@ -166,6 +166,8 @@ void CQxDlgMatEdituj::PrepareEditing(CQvxSezMaterialu& list, UsageFilter filter)
 }
 
 BOOL CQxDlgMatEdituj::OnInitDialog() {
+    // A profile of an earlier run's working copy is gone with it: nothing of it is to be stored.
+    selectedProfile_ = nullptr;
     const BOOL result = CQxDlgMatVyber::OnInitDialog();
     ApplyLayout();
     SetButtonIcons();
