@@ -30,40 +30,33 @@ CQvxMaterial& AddWithMasks(CQvxSezMaterialu& list, std::u16string_view name, int
     return material;
 }
 
-TEST(MaterialFilter, RadiosAndMasksMapBothWays) {
-    const int32_t mediumMasks[] = {1, 2, 4, 8, 16, 31};
-    for (int radio = 0; radio < 6; ++radio) {
-        EXPECT_EQ(MediumMaskForRadio(radio), mediumMasks[radio]);
-        EXPECT_EQ(MediumRadioForMask(mediumMasks[radio]), radio);
-    }
-    EXPECT_EQ(MediumMaskForRadio(-1), 31);     // none checked
-    EXPECT_EQ(MediumRadioForMask(4 | 16), 2);  // the lowest set bit
-    EXPECT_EQ(MediumRadioForMask(2 | 8), 1);
-
-    const int32_t placementMasks[] = {1, 2, 3};
-    for (int radio = 0; radio < 3; ++radio) {
-        EXPECT_EQ(PlacementMaskForRadio(radio), placementMasks[radio]);
-        EXPECT_EQ(PlacementRadioForMask(placementMasks[radio]), radio);
-    }
-    EXPECT_EQ(PlacementMaskForRadio(-1), 3);
-    EXPECT_EQ(PlacementMaskForRadio(3), 3);
-    EXPECT_EQ(MediumMaskForRadio(6), 31);
-}
-
-TEST(MaterialFilter, ListsMaterialsSharingABitWithEachMaskInKeyOrder) {
+// The radios as the dialog reads them (-1: none checked) give the masks that decide the listing,
+// and the masks give back the radios that show them (a mixed mask: its lowest bit).
+TEST(MaterialFilter, RadiosListTheMaterialsSharingABitWithEachMaskAndShowTheirMasks) {
     CQvxSezMaterialu list;
     AddWithMasks(list, u"Voda a kanál", 2, 1 | 4);
     AddWithMasks(list, u"Plyn ZTI", 1, 8);
     AddWithMasks(list, u"Teplo", 3, 16);
     struct Case {
-        UsageFilter filter;
+        int placementRadio;
+        int mediumRadio;
         std::vector<std::u16string> listed;
     };
-    for (const Case& c : {Case{{3, 1}, {u"Voda a kanál"}}, Case{{3, 4}, {u"Voda a kanál"}}, Case{{3, 8}, {u"Plyn ZTI"}},
-                          Case{{3, 31}, {u"Plyn ZTI", u"Teplo", u"Voda a kanál"}},
-                          Case{{1, 31}, {u"Plyn ZTI", u"Teplo"}}, Case{{2, 2}, {}}}) {
-        EXPECT_EQ(NamesOf(ListedMaterials(list, c.filter)), c.listed) << c.filter.placement << " " << c.filter.medium;
+    for (const Case& c :
+         {Case{2, 0, {u"Voda a kanál"}}, Case{2, 2, {u"Voda a kanál"}}, Case{-1, 3, {u"Plyn ZTI"}},
+          Case{2, 5, {u"Plyn ZTI", u"Teplo", u"Voda a kanál"}}, Case{3, -1, {u"Plyn ZTI", u"Teplo", u"Voda a kanál"}},
+          Case{0, 4, {u"Teplo"}}, Case{0, 6, {u"Plyn ZTI", u"Teplo"}}, Case{1, 1, {}}}) {
+        const UsageFilter filter{PlacementMaskForRadio(c.placementRadio), MediumMaskForRadio(c.mediumRadio)};
+        EXPECT_EQ(NamesOf(ListedMaterials(list, filter)), c.listed) << c.placementRadio << " " << c.mediumRadio;
+        if (c.mediumRadio >= 0 && c.mediumRadio < 6) {
+            EXPECT_EQ(MediumRadioForMask(filter.medium), c.mediumRadio);
+        }
+        if (c.placementRadio >= 0 && c.placementRadio < 3) {
+            EXPECT_EQ(PlacementRadioForMask(filter.placement), c.placementRadio);
+        }
     }
+    EXPECT_EQ(MediumRadioForMask(4 | 16), 2);
+    EXPECT_EQ(MediumRadioForMask(2 | 8), 1);
 }
 
 TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
@@ -90,45 +83,38 @@ TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
     EXPECT_EQ(FindRowStartingWith(rows, u"Č", 0, false), 4);
 }
 
-TEST(MaterialEditModes, TransitionsFollowTheCommands) {
+// One session of commands: "%" and "..." need a marked row, the commands are dead while an edit is
+// open, a refused apply keeps the edit, refilling the list abandons a copy or edit but not an
+// addition. Editing enables the fields and the apply buttons and nothing that would leave the material.
+TEST(MaterialEditModes, ASessionOfCommandsWalksTheModesAndTheirLayouts) {
     using E = EditEvent;
     using M = EditMode;
-    struct Case {
-        M from;
+    struct Step {
         E event;
         bool marked;
-        M to;
+        M mode;
     };
-    for (const Case& c :
-         {Case{M::Browse, E::AddPressed, false, M::Add}, Case{M::Browse, E::CopyPressed, true, M::Copy},
-          Case{M::Browse, E::CopyPressed, false, M::Browse}, Case{M::Browse, E::EditPressed, true, M::Edit},
-          Case{M::Browse, E::EditPressed, false, M::Browse}, Case{M::Edit, E::AddPressed, true, M::Edit},
-          Case{M::Add, E::CopyPressed, true, M::Add}, Case{M::Add, E::ApplyAccepted, false, M::Browse},
-          Case{M::Copy, E::ApplyRefused, true, M::Copy}, Case{M::Edit, E::RevertPressed, true, M::Browse},
-          Case{M::Copy, E::ListRefilled, true, M::Browse}, Case{M::Edit, E::ListRefilled, true, M::Browse},
-          Case{M::Add, E::ListRefilled, false, M::Add}}) {
-        EXPECT_EQ(NextEditMode(c.from, c.event, c.marked), c.to)
-            << static_cast<int>(c.from) << " event " << static_cast<int>(c.event);
+    M mode = M::Browse;
+    for (const Step& step : {Step{E::CopyPressed, false, M::Browse}, Step{E::EditPressed, false, M::Browse},
+                             Step{E::AddPressed, false, M::Add}, Step{E::CopyPressed, true, M::Add},
+                             Step{E::ApplyRefused, true, M::Add}, Step{E::ListRefilled, false, M::Add},
+                             Step{E::ApplyAccepted, false, M::Browse}, Step{E::EditPressed, true, M::Edit},
+                             Step{E::AddPressed, true, M::Edit}, Step{E::ListRefilled, true, M::Browse},
+                             Step{E::CopyPressed, true, M::Copy}, Step{E::ListRefilled, true, M::Browse},
+                             Step{E::EditPressed, true, M::Edit}, Step{E::RevertPressed, true, M::Browse}}) {
+        mode = NextEditMode(mode, step.event, step.marked);
+        ASSERT_EQ(mode, step.mode) << static_cast<int>(step.event);
+        const bool editing = mode != M::Browse;
+        EXPECT_EQ(LayoutOf(EditorGroup::MaterialFields, mode).enabled, editing);
+        EXPECT_TRUE(LayoutOf(EditorGroup::MaterialFields, mode).visible);
+        EXPECT_EQ(LayoutOf(EditorGroup::ApplyButtons, mode).enabled, editing);
+        EXPECT_EQ(LayoutOf(EditorGroup::ApplyButtons, mode).visible, editing);
+        for (EditorGroup group : {EditorGroup::MaterialList, EditorGroup::MaterialCommands, EditorGroup::FilterRadios,
+                                  EditorGroup::LoadCommands, EditorGroup::ProfilePane}) {
+            EXPECT_EQ(LayoutOf(group, mode).enabled, !editing);
+        }
     }
-}
-
-TEST(MaterialEditModes, EditingLayoutIsTheReverseOfBrowsing) {
-    const EditorGroup others[] = {EditorGroup::MaterialList, EditorGroup::MaterialCommands, EditorGroup::FilterRadios,
-                                  EditorGroup::LoadCommands, EditorGroup::ProfilePane};
-    for (EditMode mode : {EditMode::Add, EditMode::Copy, EditMode::Edit}) {
-        EXPECT_TRUE(LayoutOf(EditorGroup::MaterialFields, mode).enabled);
-        EXPECT_TRUE(LayoutOf(EditorGroup::ApplyButtons, mode).enabled);
-        EXPECT_TRUE(LayoutOf(EditorGroup::ApplyButtons, mode).visible);
-        for (EditorGroup group : others) EXPECT_FALSE(LayoutOf(group, mode).enabled);
-    }
-    EXPECT_FALSE(LayoutOf(EditorGroup::MaterialFields, EditMode::Browse).enabled);
-    EXPECT_TRUE(LayoutOf(EditorGroup::MaterialFields, EditMode::Browse).visible);
-    EXPECT_FALSE(LayoutOf(EditorGroup::ApplyButtons, EditMode::Browse).visible);
-    for (EditorGroup group : others) {
-        EXPECT_TRUE(LayoutOf(group, EditMode::Browse).enabled);
-        EXPECT_TRUE(LayoutOf(group, EditMode::Browse).visible);
-    }
-    EXPECT_FALSE(LayoutOf(EditorGroup::ProfilePane, EditMode::Browse, false).enabled);  // no material shown
+    EXPECT_FALSE(LayoutOf(EditorGroup::ProfilePane, M::Browse, false).enabled);  // no material shown
 }
 
 TEST(MaterialFields, BufferOfAMaterialAndOfANewOne) {
