@@ -54,6 +54,11 @@ bool CopyWholeFile(const std::wstring& from, const std::wstring& to) {
 }
 
 StartTimes TimeStart(const std::wstring& commandLine) {
+    // A hidden window of our own keeps Wine's desktop process alive between the programs, which
+    // would otherwise now and then start it again for the next one.
+    static const HWND keepDesktop =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    (void)keepDesktop;
     std::wstring command = commandLine;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
