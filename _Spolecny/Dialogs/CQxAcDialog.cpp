@@ -70,25 +70,21 @@ CQxAcDialog::~CQxAcDialog() {
 
 CToolTipCtrl& CQxAcDialog::AddToolTip(int controlId, std::u16string_view text) {
     const auto [entry, added] = tooltips_.try_emplace(controlId, text);
-    if (added && Handle() != nullptr) AttachToolTip(controlId, entry->second);
-    return entry->second.tooltip;
-}
-
-void CQxAcDialog::AttachToolTip(int controlId, ToolTipEntry& entry) {
-    entry.tooltip.Create(Handle(), TTS_ALWAYSTIP | TTS_BALLOON);
-    if (entry.maxWidth > 0) entry.tooltip.SetMaxTipWidth(entry.maxWidth);
-    entry.tooltip.AddTool(Item(controlId), entry.text);
-    entry.tooltip.Activate(true);
+    if (added && tooltip_) tooltip_.AddTool(Item(controlId), entry->second);
+    return tooltip_;
 }
 
 bool CQxAcDialog::PreTranslateMessage(MSG& message) {
-    for (const auto& [id, entry] : tooltips_) entry.tooltip.RelayEvent(message);
+    if (tooltip_) tooltip_.RelayEvent(message);
     return CDialog::PreTranslateMessage(message);
 }
 
 BOOL CQxAcDialog::OnInitDialog() {
     CDialog::OnInitDialog();
-    for (auto& [id, entry] : tooltips_) AttachToolTip(id, entry);
+    tooltip_.Create(Handle(), TTS_ALWAYSTIP | TTS_BALLOON);
+    tooltip_.SetMaxTipWidth(kToolTipMaxWidth);
+    for (const auto& [id, text] : tooltips_) tooltip_.AddTool(Item(id), text);
+    tooltip_.Activate(true);
     if (icon_ != nullptr) {
         Send(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon_));
         Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_));
@@ -114,9 +110,7 @@ bool CQxAcDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRES
             result = 0;
             return true;
         case WM_SHOWWINDOW:
-            if (wParam != FALSE) {
-                for (const auto& [id, entry] : tooltips_) entry.tooltip.Activate(true);
-            }
+            if (wParam != FALSE && tooltip_) tooltip_.Activate(true);
             return false;
         case WM_GETMINMAXINFO:
             if (initialWidth_ > 0) {

@@ -13,25 +13,24 @@
 // The base of the program's dialogs: a heading at the top with a rule under it, the base font
 // ("Arial", 13 points) and a smaller bold one, balloon tooltips per control, the dialog icon, a
 // minimum size equal to the initial size, and the monitor's scale factor.
+//
+// The tooltips are tools of one tooltip window per dialog: every window costs milliseconds to make
+// under Wine, and the editor has over forty tooltips.
 class CQxAcDialog : public CDialog {
 public:
-    struct ToolTipEntry {
-        explicit ToolTipEntry(std::u16string_view tipText) : text(tipText) {}
-        std::u16string text;
-        CToolTipCtrl tooltip;  // its window is made when the dialog opens
-        int maxWidth = 200;    // pixels; 0 leaves the tooltip's own width
-    };
-
     // `heading` empty: no heading and no rule. `iconId` 0: no icon.
     CQxAcDialog(UINT templateId, HWND parent, std::u16string heading = {}, WORD iconId = 0);
     ~CQxAcDialog() override;
 
     // A balloon tooltip for a control; a second one for the same control keeps the first.
-    // Tooltips added while the dialog is open are attached at once.
+    // Tooltips added while the dialog is open are attached at once. Returns the dialog's tooltip
+    // window, which is made when the dialog opens.
     CToolTipCtrl& AddToolTip(int controlId, std::u16string_view text);
-    const std::map<int, ToolTipEntry>& ToolTips() const { return tooltips_; }
+    // The tooltips' texts by control id.
+    const std::map<int, std::u16string>& ToolTips() const { return tooltips_; }
+    const CToolTipCtrl& ToolTipWindow() const { return tooltip_; }
 
-    // Relays every message to every tooltip, then lets the dialog handle it.
+    // Relays every message to the tooltip window, then lets the dialog handle it.
     bool PreTranslateMessage(MSG& message) override;
 
     // A message box over the dialog under the program's caption "Materiály potrubí"; `flags` are the
@@ -55,10 +54,11 @@ protected:
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
 private:
-    void AttachToolTip(int controlId, ToolTipEntry& entry);
     void Paint(HDC dc);
 
-    std::map<int, ToolTipEntry> tooltips_;
+    static constexpr int kToolTipMaxWidth = 200;  // pixels
+    std::map<int, std::u16string> tooltips_;
+    CToolTipCtrl tooltip_;  // always shown, balloons, every tool of the dialog
     CFontHandle boldFont_;
     CFontHandle baseFont_;
     std::u16string heading_;

@@ -184,9 +184,14 @@ TEST_F(CheckedFields, FullFieldRefusesTheNextCharacterWithBeepAndBalloonBesideAT
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Maximální délka je omezena na 25 znaků");
 
     // Hovering shows a control's balloon through the relay, also beside a refusal's balloon; a
-    // second tooltip for a control keeps the first. The profile pane's, added once the dialog is
-    // open, is attached at once. The picture is for people: set VELMORA_SCREENSHOT_DIR to keep it.
-    EXPECT_EQ(editor.ToolTips().at(CTreeListCtrl::kControlId).tooltip.Send(TTM_GETTOOLCOUNT), 1);
+    // second tooltip for a control keeps the first. The one tooltip window holds every tool, the
+    // profile pane's too, added once the dialog is open. The picture is for people: set
+    // VELMORA_SCREENSHOT_DIR to keep it.
+    EXPECT_EQ(editor.ToolTipWindow().Send(TTM_GETTOOLCOUNT), static_cast<LRESULT>(editor.ToolTips().size()));
+    EXPECT_TRUE(editor.ToolTips().contains(CTreeListCtrl::kControlId));
+    EXPECT_EQ(editor.ToolTipWindow().Send(TTM_GETMAXTIPWIDTH), 200);
+    const auto style = static_cast<DWORD>(GetWindowLongW(editor.ToolTipWindow().Handle(), GWL_STYLE));
+    EXPECT_EQ(style & (TTS_BALLOON | TTS_ALWAYSTIP), static_cast<DWORD>(TTS_BALLOON | TTS_ALWAYSTIP));
     editor.AddToolTip(IDC_MATERIAL_APPLY, u"Jiný text");
     gui::PressKey(Control(IDC_MANUFACTURER), VK_END);  // a key hides the refusal's balloon
     SetWindowPos(editor.Handle(), nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
