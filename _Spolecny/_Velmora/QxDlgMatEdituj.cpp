@@ -431,8 +431,9 @@ bool CQxDlgMatEdituj::PreTranslateMessage(MSG& message) {
 }
 
 void CQxDlgMatEdituj::OnOK() {
-    // An open material edit is dropped: only Enter applies it.
-    if (!working_.IsUnchanged()) working_.SaveCatalogue();
+    // An open material edit is dropped: only Enter applies it. A save that fails or is declined
+    // keeps the editor open with the work, and the caller's list as it was.
+    if (!working_.IsUnchanged() && !working_.SaveCatalogue()) return;
     HandBackToCaller(working_, *callersList_);
     EndDialog(IDOK);
 }
@@ -441,7 +442,7 @@ void CQxDlgMatEdituj::OnCancel() {
     if (!working_.IsUnchanged()) {
         const int answer = ShowMessage(u"Uložit provedené změny do souboru?", MB_YESNOCANCEL);
         if (answer == IDCANCEL) return;
-        if (answer == IDYES) working_.SaveCatalogue();
+        if (answer == IDYES && !working_.SaveCatalogue()) return;
     }
     working_.ClearUsage();
     EndDialog(IDCANCEL);
