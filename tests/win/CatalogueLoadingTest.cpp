@@ -24,10 +24,6 @@ protected:
         editor.SetFilePicker([this](HWND) { return picked; });
     }
     std::filesystem::path UserFile() const { return root.Path() / "data" / "Velmora" / "Potrubi.qxp"; }
-    static Bytes FileBytes(const std::filesystem::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return Bytes(std::istreambuf_iterator<char>(file), {});
-    }
     // Writes a catalogue of `list` at `path` below the folder and lets the picker pick it.
     void PickCatalogueOf(CQvxSezMaterialu& list, std::u16string_view path = u"picked.qxp") {
         const Bytes bytes = WriteCatalogue(list);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 
 #include "CQvxRegistry.h"
 #include "Framework/FileSystem.h"
@@ -20,11 +19,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-Bytes FileBytes(const fs::path& path) {
-    std::ifstream input(path, std::ios::binary);
-    return Bytes(std::istreambuf_iterator<char>(input), {});
-}
 
 void WriteFile(const fs::path& path, const Bytes& bytes) {
     fs::create_directories(path.parent_path());
