@@ -97,16 +97,6 @@ TEST(CWin32UserMessages, BoxesShowTheCzechTextUnderTheirCaptionsAndAnswerWithThe
         }
         EXPECT_FALSE(seen.Shows(L"Zrušit"));
     }
-
-    for (const unsigned bit : {TaskDialogButtons::kYes, TaskDialogButtons::kNo}) {
-        TaskDialogWatcher watcher(L"Materiály potrubí", CWin32UserMessages::TaskDialogButtonId(bit));
-        EXPECT_EQ(messages.AskOverwriteChangedFile(), bit == TaskDialogButtons::kYes);
-        const TaskDialogWatcher::Seen& seen = watcher.Stop();
-        for (const wchar_t* text :
-             {L"Soubor katalogu byl mezitím změněn jiným programem. Přepsat jej provedenými změnami?", L"Ano", L"Ne"}) {
-            EXPECT_TRUE(seen.Shows(text)) << text;
-        }
-    }
 }
 
 TEST(Windows1250, AgreesWithTheSystemCodePage) {
