@@ -431,9 +431,8 @@ bool CQxDlgMatEdituj::PreTranslateMessage(MSG& message) {
 }
 
 void CQxDlgMatEdituj::OnOK() {
-    // An open material edit is dropped: only Enter applies it. A save that fails or is declined
-    // keeps the editor open with the work, and the caller's list as it was.
-    if (!working_.IsUnchanged() && !working_.SaveCatalogue()) return;
+    // An open material edit is dropped: only Enter applies it.
+    if (!working_.IsUnchanged() && !working_.SaveCatalogue()) return;  // stays open with the work
     HandBackToCaller(working_, *callersList_);
     EndDialog(IDOK);
 }
