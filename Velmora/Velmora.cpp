@@ -4,6 +4,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include "Win/CWin32FileSystem.h"
 #include "Win/CWin32RegistryValues.h"
 #include "Win/CWin32UserMessages.h"
 #include "_Velmora/CQvxSezMaterialu.h"
@@ -19,6 +20,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     CUserMessagesScope installedMessages(messages);
     CWin32RegistryValues registry;
     CRegistryValuesScope installedRegistry(registry);
+    CWin32FileSystem files;
+    CFileSystemScope installedFiles(files);
 
     CQxDlgMatEdituj editor(nullptr);
     CQvxSezMaterialu list;

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "Win/Application.h"
+#include "Win/CWin32FileSystem.h"
 #include "Win/CWin32RegistryValues.h"
 #include "Win/CWin32UserMessages.h"
 #include "_Velmora/CQvxMaterial.h"
@@ -41,7 +42,7 @@ HANDLE LibraryActivationContext() {
 }
 
 // What the program's start-up provides and an entry must provide for itself: the library's
-// activation context, the common controls, and the messages and folder values of Windows.
+// activation context, the common controls, and the messages, folder values and files of Windows.
 class EntryScope {
 public:
     EntryScope() {
@@ -63,6 +64,8 @@ private:
     CUserMessagesScope installedMessages_{messages_};
     CWin32RegistryValues registry_;
     CRegistryValuesScope installedRegistry_{registry_};
+    CWin32FileSystem files_;
+    CFileSystemScope installedFiles_{files_};
 };
 
 bool IsFilter(int placement, int medium) {

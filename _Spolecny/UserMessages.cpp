@@ -21,6 +21,7 @@ public:
     // Nobody can answer here: the question counts as not shown, which keeps the list's material.
     unsigned AskOverwrite(std::u16string_view) override { return 0; }
     bool AskSaveUpdated() override { return false; }
+    bool AskOverwriteChangedFile() override { return false; }
 
 private:
     static void Write(std::u16string_view caption, std::u16string_view text) {

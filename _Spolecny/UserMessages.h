@@ -30,6 +30,11 @@ public:
     // Message box Questions::kSaveUpdated under the caption "Uložit materiály?", Yes and No,
     // question icon. True for Yes.
     virtual bool AskSaveUpdated() = 0;
+
+    // The question whether to replace the user's catalogue that another program has written since
+    // it was read: title "Materiály potrubí", warning icon, Questions::kOverwriteChangedFile, the
+    // buttons "Ano" and "Ne" (the default). True for "Ano".
+    virtual bool AskOverwriteChangedFile() = 0;
 };
 
 // Captions of the boxes above, shared by every implementation.
@@ -46,6 +51,8 @@ inline constexpr unsigned kOverwriteButtons = TaskDialogButtons::kYes | TaskDial
                                               TaskDialogButtons::kYesToAll | TaskDialogButtons::kNoToAll;
 inline constexpr std::u16string_view kSaveUpdated =
     u"Hlavní seznam materiálů byl při načítání projektu aktualizován\nULOŽIT?";
+inline constexpr std::u16string_view kOverwriteChangedFile =
+    u"Soubor katalogu byl mezitím změněn jiným programem. Přepsat jej provedenými změnami?";
 }  // namespace Questions
 
 // The implementation in use.

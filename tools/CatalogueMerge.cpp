@@ -31,6 +31,7 @@ public:
 
     // The tool writes the result where the command line says, never to the user's catalogue.
     bool AskSaveUpdated() override { return false; }
+    bool AskOverwriteChangedFile() override { return false; }
 
 private:
     bool overwrite_;

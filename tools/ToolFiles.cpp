@@ -4,6 +4,7 @@
 #include <sstream>
 #include <system_error>
 
+#include "Framework/FileSystem.h"
 #include "TextCodec.h"
 #include "ToolError.h"
 
@@ -30,24 +31,11 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
 }
 
 void WriteWholeFile(const std::filesystem::path& path, std::string_view bytes) {
-    std::filesystem::path temporary = path;
-    temporary += ".tmp";
-    {
-        std::ofstream file(temporary, std::ios::binary | std::ios::trunc);
-        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        file.close();
-        if (!file) {
-            std::error_code ignored;
-            std::filesystem::remove(temporary, ignored);
-            throw ToolError("Soubor „" + PathText(path) + "“ nelze zapsat.");
-        }
-    }
-    std::error_code error;
-    std::filesystem::rename(temporary, path, error);
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
-        throw ToolError("Soubor „" + PathText(path) + "“ nelze nahradit novým obsahem.");
+    try {
+        WriteFileAtomically(path.u16string(),
+                            std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
+    } catch (const CFileException& failure) {
+        throw ToolError("Soubor „" + PathText(path) + "“ nelze zapsat: " + ToUtf8(FileFailureCause(failure)));
     }
 }
 

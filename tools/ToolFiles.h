@@ -7,8 +7,8 @@
 #include "_Velmora/CatalogueCsv.h"
 
 // Files of the command-line tool. Paths come as the user typed them (UTF-16). Output is complete or
-// absent: it is written to a temporary file beside the target, which then replaces the target.
-// Failures throw ToolError.
+// absent: it is written as the program saves its catalogue (WriteFileAtomically), without a
+// backup. Failures throw ToolError.
 
 std::filesystem::path ToPath(std::u16string_view path);
 // The path for messages, in UTF-8.

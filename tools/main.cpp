@@ -6,11 +6,14 @@
 #include "TextCodec.h"
 
 #ifdef _WIN32
+#include "Win/CWin32FileSystem.h"
 #include "WindowsConsole.h"
 
 // Windows passes the arguments as UTF-16, so file names keep their Czech letters.
 int wmain(int argc, wchar_t** argv) {
     UseUtf8Console();
+    CWin32FileSystem files;
+    const CFileSystemScope installedFiles(files);
     std::vector<std::u16string> arguments;
     for (int i = 1; i < argc; ++i) {
         const std::wstring argument(argv[i]);

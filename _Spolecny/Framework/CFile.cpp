@@ -6,11 +6,10 @@
 #include <filesystem>
 #include <system_error>
 
+#include "Framework/FileSystem.h"
 #include "TextCodec.h"
 
-namespace {
-
-std::FILE* OpenStream(std::u16string_view path, const char* mode) {
+std::FILE* OpenFileStream(std::u16string_view path, const char* mode) {
 #ifdef _WIN32
     static_assert(sizeof(wchar_t) == sizeof(char16_t), "wide paths are UTF-16 on Windows");
     const std::u16string widePath(path);
@@ -20,6 +19,8 @@ std::FILE* OpenStream(std::u16string_view path, const char* mode) {
     return std::fopen(ToUtf8(path).c_str(), mode);
 #endif
 }
+
+namespace {
 
 // The stream's size, leaving it positioned at the start. 64-bit offsets on every platform.
 bool MeasureStream(std::FILE* stream, std::uint64_t& length) {
@@ -34,19 +35,6 @@ bool MeasureStream(std::FILE* stream, std::uint64_t& length) {
 #endif
     length = static_cast<std::uint64_t>(end);
     return true;
-}
-
-CFileException::Cause CauseOf(int error) {
-    switch (error) {
-        case ENOENT:
-            return CFileException::Cause::FileNotFound;
-        case EACCES:
-            return CFileException::Cause::AccessDenied;
-        case ENOSPC:
-            return CFileException::Cause::DiskFull;
-        default:
-            return CFileException::Cause::Generic;
-    }
 }
 
 }  // namespace
@@ -68,7 +56,7 @@ bool CFile::Open(std::u16string_view path, unsigned flags) {
     std::error_code error;
     if (std::filesystem::is_directory(std::filesystem::path(std::u16string(path)), error)) return false;
 
-    std::FILE* stream = OpenStream(path, mode);
+    std::FILE* stream = OpenFileStream(path, mode);
     if (stream == nullptr) return false;
     // The archive buffers; a second buffer in the stream would only copy the bytes once more. The
     // buffering of a stream can only be chosen before anything else is done with it, the seeks of
@@ -106,7 +94,7 @@ void CFile::Write(const void* buffer, std::size_t count) {
 }
 
 void CFile::ThrowFileException() const {
-    throw CFileException(CauseOf(errno), path_);
+    throw FileExceptionOf({errno, std::generic_category()}, path_);
 }
 
 std::size_t CMemFile::Read(void* buffer, std::size_t count) {

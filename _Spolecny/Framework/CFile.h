@@ -47,6 +47,9 @@ private:
     std::uint64_t length_ = 0;
 };
 
+// Opens a C runtime stream on a UTF-16 path (`mode` as for fopen); nullptr with errno on failure.
+std::FILE* OpenFileStream(std::u16string_view path, const char* mode);
+
 // A file held in memory: the bytes an archive writes, or the bytes it is to read.
 class CMemFile final : public CFile {
 public:

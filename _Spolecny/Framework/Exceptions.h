@@ -10,19 +10,23 @@ public:
     virtual ~CException() = default;
 };
 
-// Opening, reading or writing a file failed.
+// Opening, reading, writing or replacing a file failed.
 class CFileException : public CException {
 public:
-    enum class Cause { Generic, FileNotFound, AccessDenied, DiskFull };
+    enum class Cause { Generic, FileNotFound, AccessDenied, DiskFull, SharingViolation };
 
-    CFileException(Cause cause, std::u16string fileName) : cause_(cause), fileName_(std::move(fileName)) {}
+    // `systemText`: the system's own description of the failure, for a cause without a text of ours.
+    CFileException(Cause cause, std::u16string fileName, std::u16string systemText = {})
+        : cause_(cause), fileName_(std::move(fileName)), systemText_(std::move(systemText)) {}
 
     Cause GetCause() const { return cause_; }
     const std::u16string& FileName() const { return fileName_; }
+    const std::u16string& SystemText() const { return systemText_; }
 
 private:
     Cause cause_;
     std::u16string fileName_;
+    std::u16string systemText_;
 };
 
 // A catalogue stream ended early or is malformed.

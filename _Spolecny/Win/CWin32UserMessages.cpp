@@ -43,17 +43,23 @@ void CWin32UserMessages::ShowTaskDialog(std::u16string_view mainInstruction, std
                nullptr);
 }
 
-unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
+namespace {
+
+// A task dialog titled "Materiály potrubí" with the warning icon and the buttons of `buttonBits`
+// captioned from the button table; only the buttons close it. Returns the bit of the button
+// pressed, or 0 when the dialog could not be shown.
+unsigned AskWithButtons(std::u16string_view mainInstruction, std::u16string_view content, unsigned buttonBits,
+                        unsigned defaultBit) {
     const std::u16string title(Captions::kProgram);
-    const std::u16string instruction(Questions::kOverwrite);
-    const std::u16string name(materialName);
-    const std::vector<TaskDialogButtons::Button> choices = TaskDialogButtons::ButtonsOf(Questions::kOverwriteButtons);
+    const std::u16string instruction(mainInstruction);
+    const std::u16string body(content);
+    const std::vector<TaskDialogButtons::Button> choices = TaskDialogButtons::ButtonsOf(buttonBits);
     std::vector<std::u16string> captions;
     captions.reserve(choices.size());  // the buttons point into these strings
     std::vector<TASKDIALOG_BUTTON> buttons;
     for (const TaskDialogButtons::Button& choice : choices) {
         captions.emplace_back(choice.caption);
-        buttons.push_back({TaskDialogButtonId(choice.bit), Wide(captions.back())});
+        buttons.push_back({CWin32UserMessages::TaskDialogButtonId(choice.bit), Wide(captions.back())});
     }
 
     TASKDIALOGCONFIG config{};
@@ -63,17 +69,29 @@ unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
     config.pszWindowTitle = Wide(title);
     config.pszMainIcon = TD_WARNING_ICON;
     config.pszMainInstruction = Wide(instruction);
-    config.pszContent = Wide(name);
+    config.pszContent = body.empty() ? nullptr : Wide(body);
     config.cButtons = static_cast<UINT>(buttons.size());
     config.pButtons = buttons.data();
-    config.nDefaultButton = buttons.front().nButtonID;
+    config.nDefaultButton = CWin32UserMessages::TaskDialogButtonId(defaultBit);
 
     int pressed = 0;
     if (FAILED(TaskDialogIndirect(&config, &pressed, nullptr, nullptr))) return 0;  // not shown
     for (const TaskDialogButtons::Button& choice : choices) {
-        if (pressed == TaskDialogButtonId(choice.bit)) return choice.bit;
+        if (pressed == CWin32UserMessages::TaskDialogButtonId(choice.bit)) return choice.bit;
     }
     return 0;
+}
+
+}  // namespace
+
+unsigned CWin32UserMessages::AskOverwrite(std::u16string_view materialName) {
+    return AskWithButtons(Questions::kOverwrite, materialName, Questions::kOverwriteButtons, TaskDialogButtons::kYes);
+}
+
+bool CWin32UserMessages::AskOverwriteChangedFile() {
+    // "Ne" is the default: the other program's work is not to be lost by a hasty Enter.
+    return AskWithButtons(Questions::kOverwriteChangedFile, u"", TaskDialogButtons::kYes | TaskDialogButtons::kNo,
+                          TaskDialogButtons::kNo) == TaskDialogButtons::kYes;
 }
 
 bool CWin32UserMessages::AskSaveUpdated() {

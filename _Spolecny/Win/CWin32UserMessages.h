@@ -10,6 +10,7 @@ public:
     void ShowTaskDialog(std::u16string_view mainInstruction, std::u16string_view content) override;
     unsigned AskOverwrite(std::u16string_view materialName) override;
     bool AskSaveUpdated() override;
+    bool AskOverwriteChangedFile() override;
 
     // The control ID of a task dialog button. IDs 1 and 2 would make the dialog close on Enter or
     // Escape as OK or Cancel, so every button has an ID of its own.

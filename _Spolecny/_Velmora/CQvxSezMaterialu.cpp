@@ -58,6 +58,7 @@ CQvxSezMaterialu& CQvxSezMaterialu::AssignFrom(const CQvxSezMaterialu& source) {
         materials_.emplace_hint(materials_.end(), name, std::make_unique<CQvxMaterial>(this, *material));
     }
     unchanged_ = source.unchanged_;
+    userFileStamp_ = source.userFileStamp_;
     return *this;
 }
 

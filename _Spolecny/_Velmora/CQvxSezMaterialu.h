@@ -4,11 +4,13 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "Framework/CObject.h"
+#include "Framework/FileSystem.h"
 
 class CQvxMaterial;
 
@@ -28,7 +30,8 @@ public:
     // Deletes the materials; with keepUsed, materials in use are only let go of (their users keep
     // them). The list ends empty and unchanged.
     void Clear(bool keepUsed);
-    // Deep copy of `source` (materials, profiles, users, the unchanged flag); nothing for itself.
+    // Deep copy of `source` (materials, profiles, users, the unchanged flag, what the user's
+    // catalogue held when read or saved); nothing for itself.
     CQvxSezMaterialu& AssignFrom(const CQvxSezMaterialu& source);
     // Unique insertion under `name`. Takes `material` only when the name is new; otherwise returns
     // the material already held, with false, and leaves `material` with the caller.
@@ -51,10 +54,14 @@ public:
     // Reads the user's catalogue, or the standard one (and then the list counts as changed). When
     // the user's catalogue cannot be opened the standard one is read instead and saved at once as
     // the user's. Reports every failure itself except a malformed file, whose CArchiveException
-    // passes to the caller. True when a file was read.
+    // passes to the caller. True when a file was read. The user's catalogue's stamp is remembered
+    // even when its content turns out malformed or too new.
     bool LoadCatalogue(bool standard);
-    // Writes the user's catalogue, creating its folder; an empty list writes nothing. Reports every
-    // failure itself. True when saved or nothing was to be saved.
+    // Writes the user's catalogue, creating its folder; an empty list writes nothing. The file is
+    // replaced in one step and its previous version kept as "Potrubi.qxp.bak"; a file that another
+    // program has written since this list read or saved it is replaced only when the user says so.
+    // Reports every failure itself, leaving the file as it was. True when saved or nothing was to
+    // be saved.
     bool SaveCatalogue();
 
     bool IsUnchanged() const { return unchanged_; }
@@ -72,6 +79,8 @@ private:
 
     MaterialMap materials_;
     bool unchanged_ = true;
+    // The user's catalogue as this list last read or wrote it; none before either.
+    std::optional<FileStamp> userFileStamp_;
     // The overwrite answer the user gave for every remaining conflict of the current read; 0 if none.
     std::uint32_t rememberedAnswer_ = 0;
 };

@@ -1,12 +1,14 @@
 // The list's two files: the user's catalogue in the common data folder and the standard catalogue
 // in the common install folder, each in the program's sub-folder.
 
+#include <optional>
 #include <string>
 
 #include "CQvxFunkce.h"
 #include "CQvxRegistry.h"
 #include "Framework/CArchive.h"
 #include "Framework/CFile.h"
+#include "Framework/FileSystem.h"
 #include "UserMessages.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 
@@ -37,12 +39,20 @@ bool CQvxSezMaterialu::ReadCatalogueFile(bool standard) {
                                     false) +
         std::u16string(standard ? kStandardCatalogue : kUserCatalogue);
 
-    CFile file;
-    if (file.Open(path, CFile::modeRead)) {
+    std::optional<CFileSystem::Content> content;
+    try {
+        content = FileSystem().Read(path);
+    } catch (const CFileException&) {
+        // Missing, locked or unreadable: all the same here.
+    }
+    if (content) {
+        // Remembered before the content is read: a malformed or too new file is still the one
+        // that a save will replace.
+        if (!standard) userFileStamp_ = StampOf(content->bytes, content->lastWriteTime);
+        CMemFile file(std::move(content->bytes));
         CArchive archive(file, CArchive::load);
         Serialize(archive, false);
         archive.Close();
-        file.Close();
         // A list read from the standard catalogue still has to become the user's catalogue.
         unchanged_ = !standard;
         ResetFileIndices();
@@ -66,15 +76,17 @@ bool CQvxSezMaterialu::WriteCatalogueFile() {
     const std::u16string path =
         CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, true) + std::u16string(kUserCatalogue);
 
-    CFile file;
-    if (!file.Open(path, CFile::modeCreate | CFile::modeWrite)) {
-        UserMessages().ShowTaskDialog(CannotOpen(path), u"Nelze uložit provedené změny");
-        return false;
-    }
-    CArchive archive(file, CArchive::store);
+    CMemFile bytes;
+    CArchive archive(bytes, CArchive::store);
     Serialize(archive, false);
     archive.Close();
-    file.Close();
+    try {
+        if (ChangedSince(path, userFileStamp_) && !UserMessages().AskOverwriteChangedFile()) return false;
+        userFileStamp_ = WriteFileAtomically(path, bytes.Bytes(), path + u".bak");
+    } catch (const CFileException& failure) {
+        UserMessages().ShowTaskDialog(CannotOpen(path), u"Nelze uložit provedené změny\n" + FileFailureCause(failure));
+        return false;
+    }
     unchanged_ = true;
     return true;
 }

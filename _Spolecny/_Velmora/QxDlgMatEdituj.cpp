@@ -449,7 +449,7 @@ bool CQxDlgMatEdituj::PreTranslateMessage(MSG& message) {
 void CQxDlgMatEdituj::OnOK() {
     StoreProfileCodes();
     // An open material edit is dropped: only Enter applies it.
-    if (!working_.IsUnchanged()) working_.SaveCatalogue();
+    if (!working_.IsUnchanged() && !working_.SaveCatalogue()) return;  // stays open with the work
     HandBackToCaller(working_, *callersList_);
     EndDialog(IDOK);
 }
@@ -459,7 +459,7 @@ void CQxDlgMatEdituj::OnCancel() {
     if (!working_.IsUnchanged()) {
         const int answer = ShowMessage(u"Uložit provedené změny do souboru?", MB_YESNOCANCEL);
         if (answer == IDCANCEL) return;
-        if (answer == IDYES) working_.SaveCatalogue();
+        if (answer == IDYES && !working_.SaveCatalogue()) return;
     }
     working_.ClearUsage();
     EndDialog(IDCANCEL);

@@ -9,7 +9,7 @@
 
 // Records every message the code under test shows, in order, for assertions, and answers the
 // questions from scripts. A question without a scripted answer gets what a person cannot give:
-// 0 (not shown) for the overwrite question, No for the save question.
+// 0 (not shown) for the overwrite question, No for the yes/no questions.
 class ScriptedUserMessages final : public CUserMessages {
 public:
     struct Shown {
@@ -36,6 +36,10 @@ public:
         shown.push_back({std::u16string(Captions::kSaveUpdated), std::u16string(Questions::kSaveUpdated), u""});
         return Next(saveAnswers, false);
     }
+    bool AskOverwriteChangedFile() override {
+        shown.push_back({std::u16string(Captions::kProgram), std::u16string(Questions::kOverwriteChangedFile), u""});
+        return Next(overwriteChangedAnswers, false);
+    }
 
     // How many of the shown messages carry `text`.
     std::size_t CountOf(std::u16string_view text) const {
@@ -47,6 +51,7 @@ public:
     std::vector<Shown> shown;
     std::deque<unsigned> overwriteAnswers;  // button bits: 2, 4, 16, 32
     std::deque<bool> saveAnswers;
+    std::deque<bool> overwriteChangedAnswers;
 
 private:
     template <typename T>

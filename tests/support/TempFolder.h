@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <vector>
 
 // A fresh folder for one test, named after it, removed afterwards.
 class TempFolder {
@@ -29,3 +33,9 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+// The whole content of a file; empty when it cannot be read.
+inline std::vector<std::uint8_t> FileBytes(const std::filesystem::path& path) {
+    std::ifstream input(path, std::ios::binary);
+    return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(input), {});
+}

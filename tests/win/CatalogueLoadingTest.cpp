@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "Win/CWin32FileSystem.h"
 #include "support/FakeRegistryValues.h"
 #include "support/RecordSummary.h"
 #include "support/TempFolder.h"
@@ -163,6 +164,48 @@ TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) 
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_EQ(editor.Result(), IDCANCEL);
     EXPECT_FALSE(editor.IsVisible());
+}
+
+// OK while another program holds the catalogue open, without sharing or for reading only: the
+// message says why, the editor stays open with the new material and the caller's list as it was.
+// Once the file is let go OK saves, and the backup keeps the previous catalogue.
+TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenKeepsTheEditorOpenUntilItIsLetGo) {
+    CWin32FileSystem files;
+    CFileSystemScope installedFiles(files);
+    AddMaterial(catalogue, u"PE");
+    ASSERT_TRUE(catalogue.SaveCatalogue());
+    const Bytes before = FileBytes(UserFile());
+    Open();
+    Click(IDC_MATERIAL_ADD);
+    gui::SetText(Control(IDC_NAME), u"PVC");
+    MSG enter{Control(IDC_NAME), WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    editor.ProcessMessage(enter);
+
+    for (const DWORD sharing : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
+        const HANDLE held =
+            CreateFileW(UserFile().c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        ASSERT_NE(held, INVALID_HANDLE_VALUE);
+        Click(IDOK);
+        CloseHandle(held);
+        ASSERT_EQ(messages.shown.size(), 1u) << "sharing " << sharing;
+        EXPECT_EQ(messages.shown[0].text, u"Nelze otevřít soubor:\n" + UserFile().u16string());
+        EXPECT_EQ(messages.shown[0].content, u"Nelze uložit provedené změny\nSoubor používá jiný program.");
+        EXPECT_FALSE(editor.HasEnded());
+        EXPECT_NE(editor.WorkingList().Find(u"PVC"), nullptr);
+        EXPECT_EQ(catalogue.Find(u"PVC"), nullptr);
+        EXPECT_EQ(FileBytes(UserFile()), before);
+        EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(UserFile()) += ".new"));
+        messages.shown.clear();
+    }
+
+    Click(IDOK);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
+    CQvxSezMaterialu saved;
+    ReadCatalogue(saved, FileBytes(UserFile()));
+    EXPECT_NE(saved.Find(u"PVC"), nullptr);
+    EXPECT_EQ(FileBytes(std::filesystem::path(UserFile()) += ".bak"), before);
 }
 
 }  // namespace

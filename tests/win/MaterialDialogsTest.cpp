@@ -11,6 +11,7 @@
 #include "Dialogs/TreeListResources.h"
 #include "_Velmora/ProfileEditRules.h"
 #include "support/FakeRegistryValues.h"
+#include "support/TempFolder.h"
 #include "win/MaterialEditorHarness.h"
 
 namespace {
@@ -353,8 +354,10 @@ TEST_F(MaterialSelection, EmptyResultIsRefusedAndTheEditorOpenedFromItListsEvery
     Click(IDC_FILTER_GAS);
     ASSERT_EQ(ShownNames(dialog), (Names{u"Plynovod"}));
 
-    FakeRegistryValues noFolders;  // the editor's OK saves: let it find no folder to write to
-    CRegistryValuesScope installedRegistry{noFolders};
+    TempFolder data;  // the editor's OK saves the catalogue here; a failed save would keep it open
+    FakeRegistryValues folders;
+    folders.Set(CRegistryValues::Hive::LocalMachine, u"CommonDataPath", data.Path().u16string());
+    CRegistryValuesScope installedRegistry{folders};
     bool ownerEnabled = true;
     int paneUsers = 0;
     ASSERT_TRUE(ClickShowing(IDC_EDIT_MATERIALS, kCaption, [&](HWND editor) {

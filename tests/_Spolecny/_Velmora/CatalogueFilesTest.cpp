@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
-#include <iterator>
 
 #include "CQvxRegistry.h"
+#include "Framework/FileSystem.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/CatalogueLoading.h"
@@ -19,16 +20,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Bytes FileBytes(const fs::path& path) {
-    std::ifstream input(path, std::ios::binary);
-    return Bytes(std::istreambuf_iterator<char>(input), {});
-}
-
 void WriteFile(const fs::path& path, const Bytes& bytes) {
     fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
+
+// The portable file system with one failure put in: the new file's write stops after
+// `writtenBefore` bytes, or the replace fails, with `failure`.
+class FailingFileSystem final : public CPortableFileSystem {
+public:
+    enum class Step { None, Write, Replace };
+
+    void WriteNew(std::u16string_view path, std::span<const std::uint8_t> bytes) override {
+        if (step != Step::Write) return CPortableFileSystem::WriteNew(path, bytes);
+        CPortableFileSystem::WriteNew(path, bytes.first(std::min(writtenBefore, bytes.size())));
+        throw FileExceptionOf(failure, path);
+    }
+    void Replace(std::u16string_view target, std::u16string_view replacement, std::u16string_view backup) override {
+        if (step == Step::Replace) throw FileExceptionOf(failure, target);
+        CPortableFileSystem::Replace(target, replacement, backup);
+    }
+
+    Step step = Step::None;
+    std::size_t writtenBefore = 0;
+    std::error_code failure;
+};
 
 // An installation in a temporary folder: install/ holds the standard catalogue's folder, data/
 // the user's; the registry holds both without trailing separators.
@@ -47,6 +64,7 @@ protected:
 
     fs::path StandardFile() const { return root.Path() / "install" / "Velmora" / "Potrubi_std.qxp"; }
     fs::path UserFile() const { return root.Path() / "data" / "Velmora" / "Potrubi.qxp"; }
+    fs::path Beside(const char* suffix) const { return fs::path(UserFile()) += suffix; }
     std::u16string CannotOpen(const fs::path& path) const { return u"Nelze otevřít soubor:\n" + path.u16string(); }
 
     TempFolder root;
@@ -133,7 +151,7 @@ TEST_F(CatalogueFiles, EmptyListIsNeverWrittenAndASaveThatCannotOpenItsFileKeeps
     EXPECT_FALSE(list.SaveCatalogue());
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].text, CannotOpen(UserFile()));
-    EXPECT_EQ(messages.shown[0].content, u"Nelze uložit provedené změny");
+    EXPECT_TRUE(messages.shown[0].content.starts_with(u"Nelze uložit provedené změny\n"));
     EXPECT_FALSE(list.IsUnchanged());
 }
 
@@ -145,7 +163,7 @@ TEST_F(CatalogueFiles, UnopenableUsersCatalogueFallsBackAndItsSaveFails) {
     EXPECT_TRUE(list.LoadCatalogue(false));
     ASSERT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[0].content, u"Bude načten standardní soubor");
-    EXPECT_EQ(messages.shown[1].content, u"Nelze uložit provedené změny");
+    EXPECT_TRUE(messages.shown[1].content.starts_with(u"Nelze uložit provedené změny\n"));
     EXPECT_FALSE(list.IsUnchanged());
 }
 
@@ -188,8 +206,93 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
         EXPECT_EQ(fs::exists(UserFile()), usersFile);  // the damaged file is not rewritten
         if (usersFile) {
             EXPECT_EQ(FileBytes(UserFile()), cut);
+            // A change the user saves replaces it without asking; the backup keeps the damaged file.
+            AddMaterial(list, u"Litina");
+            EXPECT_TRUE(list.SaveCatalogue());
+            EXPECT_EQ(FileBytes(Beside(".bak")), cut);
         }
     }
+}
+
+// A save that fails at any step leaves the file byte for byte as it was, removes the new file, says
+// why, and keeps the list changed; once the cause is gone the save goes through.
+TEST_F(CatalogueFiles, AFailedSaveLeavesTheFileAsItWasAndTellsWhy) {
+    using Step = FailingFileSystem::Step;
+    const std::error_code otherFailure = std::make_error_code(std::errc::io_error);
+    struct Case {
+        Step step;
+        std::size_t writtenBefore;
+        std::error_code failure;
+        std::u16string told;
+    };
+    const Case cases[] = {
+        {Step::Write, 40, std::make_error_code(std::errc::no_space_on_device), u"Na disku není dost místa."},
+        {Step::Write, 0, std::make_error_code(std::errc::permission_denied), u"Přístup k souboru byl odepřen."},
+        {Step::Replace, 0, std::make_error_code(std::errc::device_or_resource_busy), u"Soubor používá jiný program."},
+        {Step::Replace, 0, otherFailure, FromUtf8(otherFailure.message())},
+    };
+    WriteFile(UserFile(), standardBytes);
+    ASSERT_TRUE(list.LoadCatalogue(false));
+    list.Find(u"PE 100")->AddProfile(20);
+    FailingFileSystem files;
+    CFileSystemScope installed(files);
+    for (const Case& c : cases) {
+        messages.shown.clear();
+        files.step = c.step;
+        files.writtenBefore = c.writtenBefore;
+        files.failure = c.failure;
+
+        EXPECT_FALSE(list.SaveCatalogue());
+        ASSERT_EQ(messages.shown.size(), 1u);
+        EXPECT_EQ(messages.shown[0].text, CannotOpen(UserFile()));
+        EXPECT_EQ(messages.shown[0].content, u"Nelze uložit provedené změny\n" + c.told);
+        EXPECT_EQ(FileBytes(UserFile()), standardBytes);
+        EXPECT_FALSE(fs::exists(Beside(".new")));
+        EXPECT_FALSE(list.IsUnchanged());
+        EXPECT_EQ(MaterialNamed(list, u"PE 100").Profiles().size(), 2u);
+    }
+
+    files.step = Step::None;
+    messages.shown.clear();
+    EXPECT_TRUE(list.SaveCatalogue());
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(list));
+    EXPECT_EQ(FileBytes(Beside(".bak")), standardBytes);
+    EXPECT_TRUE(list.IsUnchanged());
+}
+
+// A file another program wrote after the list's save (another size, or the same size and time with
+// other bytes) is replaced only on "Ano"; "Ne" writes nothing. The backup then keeps that file.
+TEST_F(CatalogueFiles, AFileChangedByAnotherProgramIsReplacedOnlyOnYes) {
+    WriteFile(UserFile(), standardBytes);
+    ASSERT_TRUE(list.LoadCatalogue(false));
+    AddMaterial(list, u"Litina");
+    ASSERT_TRUE(list.SaveCatalogue());
+    const Bytes saved = FileBytes(UserFile());
+    const fs::file_time_type savedAt = fs::last_write_time(UserFile());
+    Bytes sameSize = saved;
+    sameSize[sameSize.size() / 2] ^= 1;
+
+    for (const Bytes* outside : {&standardBytes, &sameSize}) {
+        WriteFile(UserFile(), *outside);
+        if (outside == &sameSize) fs::last_write_time(UserFile(), savedAt);
+        messages.shown.clear();
+        messages.overwriteChangedAnswers = {false};
+        list.MarkChanged();
+
+        EXPECT_FALSE(list.SaveCatalogue());
+        ASSERT_EQ(messages.shown.size(), 1u);
+        EXPECT_EQ(messages.shown[0].caption, u"Materiály potrubí");
+        EXPECT_EQ(messages.shown[0].text,
+                  u"Soubor katalogu byl mezitím změněn jiným programem. Přepsat jej provedenými změnami?");
+        EXPECT_EQ(FileBytes(UserFile()), *outside);
+        EXPECT_FALSE(list.IsUnchanged());
+    }
+
+    messages.overwriteChangedAnswers = {true};
+    EXPECT_TRUE(list.SaveCatalogue());
+    EXPECT_EQ(FileBytes(UserFile()), saved);
+    EXPECT_EQ(FileBytes(Beside(".bak")), sameSize);
 }
 
 // A file the user picks is merged into the list; every failure is told, and what was read stays.
