@@ -65,6 +65,12 @@ TEST(ConfigFileRegistryValues, MachineFileThenUserFile) {
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonInstallPath), std::u16string(u"/opt/quorvex") + kSep);
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonDataPath), std::u16string(u"/home/x/Data – č") + kSep);
     EXPECT_THROW(CQvxRegistry::ReadPath(CQvxRegistry::kDataPath), CQvxException);
+
+    std::filesystem::create_directory(root.Path() / "quorvex");
+    std::filesystem::rename(root.Path() / "user.conf", root.Path() / "quorvex" / "paths.conf");
+    setenv("XDG_CONFIG_HOME", root.Path().c_str(), 1);  // this process's own: nothing else reads it
+    EXPECT_EQ(CConfigFileRegistryValues::ForThisSystem().ReadString(Hive::CurrentUser, u"", u"CommonInstallPath"),
+              u"/home/x");
 }
 
 }  // namespace

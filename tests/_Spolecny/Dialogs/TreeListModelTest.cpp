@@ -31,7 +31,8 @@ TEST_F(TreeList, ItemsAreNumberedFromOneAndNumbersAreNotReusedUntilAllGo) {
     EXPECT_FALSE(model.Exists(2));
     EXPECT_EQ(model.Param(2), 0);   // deleted
     EXPECT_EQ(model.Param(99), 0);  // beyond the table
-    EXPECT_EQ(model.Param(3), 80);
+    EXPECT_TRUE(model.SetParam(3, 81));
+    EXPECT_EQ(model.Param(3), 81);
     EXPECT_FALSE(model.SetParam(2, 7));
     model.SetCurrent(2, 0);
     EXPECT_EQ(model.Current(), 0u);  // a deleted item cannot become current
@@ -85,14 +86,18 @@ TEST_F(TreeList, RelationsFollowTheTreeAndWhatIsExpanded) {
     EXPECT_FALSE(model.HasChildren(b));
 
     EXPECT_EQ(model.VisibleItems(), (std::vector<TreeItem>{a, b}));
+    EXPECT_EQ(model.VisibleIndex(a1), -1);
     EXPECT_EQ(model.Next(TreeRelation::NextVisible, a), b);
     model.SetState(a, kItemExpanded, kItemExpanded);
     EXPECT_EQ(model.VisibleItems(), (std::vector<TreeItem>{a, a1, a2, b}));
     EXPECT_EQ(model.Next(TreeRelation::NextVisible, a), a1);
     EXPECT_EQ(model.Next(TreeRelation::PreviousVisible, b), a2);
+    EXPECT_EQ(model.Next(TreeRelation::PreviousVisible, a), 0u);
     EXPECT_EQ(model.Next(TreeRelation::LastVisible, 0), b);
     EXPECT_EQ(model.Next(TreeRelation::NextVisible, b), 0u);
     EXPECT_EQ(model.Level(a2), 1);
+    model.DeleteAll();
+    EXPECT_EQ(model.Next(TreeRelation::LastVisible, 0), 0u);
 }
 
 TEST_F(TreeList, ExtendedStyleChangesOnlyTheMaskedBitsAndTheCurrentColumnNeedsCellSelection) {

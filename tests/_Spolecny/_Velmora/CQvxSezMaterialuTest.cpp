@@ -64,8 +64,11 @@ TEST(MaterialList, AssignFromCopiesDeeplyWithUsersAndTheUnchangedFlag) {
     source.SetUnchanged(true);
 
     CQvxSezMaterialu copy;
-    AddMaterial(copy, u"Stará");
+    CQvxMaterial* oldSlot = &AddMaterial(copy, u"Stará");
+    oldSlot->Users().Register(&oldSlot);
     copy.AssignFrom(source);
+    ASSERT_NE(oldSlot, nullptr);  // in use: let go of, not deleted
+    delete oldSlot;
     EXPECT_EQ(NamesOf(copy), std::vector<std::u16string>{u"PE"});
     const CQvxMaterial& copied = MaterialNamed(copy, u"PE");
     EXPECT_NE(&copied, &pe);
