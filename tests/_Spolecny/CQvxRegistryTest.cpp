@@ -57,19 +57,14 @@ TEST_F(RegistryPaths, ProgramFolderIsCreatedOnlyWhenAskedAndOnlyItsLastLevel) {
 
 TEST(ConfigFileRegistryValues, MachineFileThenUserFile) {
     TempFolder root;
-    std::filesystem::create_directory(root.Path() / "quorvex");
     std::ofstream(root.Path() / "machine.conf") << "# installed paths\n\nCommonInstallPath=/opt/quorvex\r\n";
-    std::ofstream(root.Path() / "quorvex" / "paths.conf")
-        << "CommonInstallPath=/home/x\nCommonDataPath=/home/x/Data – č\n";
-    CConfigFileRegistryValues values(root.Path() / "machine.conf", root.Path() / "quorvex" / "paths.conf");
+    std::ofstream(root.Path() / "user.conf") << "CommonInstallPath=/home/x\nCommonDataPath=/home/x/Data – č\n";
+    CConfigFileRegistryValues values(root.Path() / "machine.conf", root.Path() / "user.conf");
     CRegistryValuesScope installed(values);
 
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonInstallPath), std::u16string(u"/opt/quorvex") + kSep);
     EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonDataPath), std::u16string(u"/home/x/Data – č") + kSep);
     EXPECT_THROW(CQvxRegistry::ReadPath(CQvxRegistry::kDataPath), CQvxException);
-    setenv("XDG_CONFIG_HOME", root.Path().c_str(), 1);  // the user file where the system looks for it
-    EXPECT_EQ(CConfigFileRegistryValues::ForThisSystem().ReadString(Hive::CurrentUser, u"", u"CommonInstallPath"),
-              u"/home/x");
 }
 
 }  // namespace
