@@ -19,7 +19,7 @@ namespace {
 using namespace CatalogueFixtures;
 
 // Files store indexes into these tables, so their rows are pinned: label, value, outer diameter.
-// The PN values are read by nothing; every label shows in the sheets' refusals.
+// Not the PN table: nothing reads its values, and the sheets' refusals list its labels.
 TEST(CatalogueTables, HoldThePublishedRowsInTheirOrder) {
     std::string dn, sdr;
     for (const DnRow& row : DnTable()) {
