@@ -90,6 +90,8 @@ TEST(MaterialList, RenameRefusesAnotherMaterialsNameAndCountsOwnNameAsChange) {
     list.SetUnchanged(true);
 
     EXPECT_FALSE(list.RenameMaterial(u"B", a));
+    CQvxSezMaterialu other;
+    EXPECT_FALSE(list.RenameMaterial(u"D", AddMaterial(other, u"B")));  // not this list's "B"
     EXPECT_EQ(NamesOf(list), (std::vector<std::u16string>{u"A", u"B"}));
     EXPECT_TRUE(list.IsUnchanged());
 

@@ -56,12 +56,13 @@ TEST(CatalogueWriting, FourCharacterPrefixIsSavedWithThree) {
     CQvxSezMaterialu list;
     EditMaterial(AddMaterial(list, u"K"), [](MaterialExchangeRecord& record) {
         record.descriptionMode = DescriptionMode::Custom;
+        record.onInnerDiameter = true;
         record.prefix = u"ABCD";
         record.suffix = u"mm";
     });
 
     const Bytes bytes = WriteCatalogue(list);
-    EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + 18), Hex("03 05 02 00 41 00 42 00 43 00 00 00 6D 00 6D 00 00 00"));
+    EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + 18), Hex("03 05 02 01 41 00 42 00 43 00 00 00 6D 00 6D 00 00 00"));
 }
 
 TEST(CatalogueWriting, OnlyUsedWritesTheMaterialsAndProfilesInUseAndNumbersThem) {
