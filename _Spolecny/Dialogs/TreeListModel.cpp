@@ -78,9 +78,7 @@ void TreeListModel::Collect(TreeItem item, std::vector<TreeItem>& deleted) const
 
 void TreeListModel::Forget(TreeItem item) {
     items_[item].reset();
-    for (auto& cells : cells_) {
-        if (item < cells.size()) cells[item] = TreeListText{};
-    }
+    for (auto& cells : cells_) cells[item] = TreeListText{};
     --count_;
     if (current_ == item) {
         current_ = 0;

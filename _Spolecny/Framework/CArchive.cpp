@@ -57,7 +57,6 @@ void CArchive::RequireBytesLeft(std::uint64_t count) const {
 }
 
 void CArchive::ReadBytes(std::uint8_t* target, std::size_t count) {
-    RequireBytesLeft(count);
     const std::uint64_t start = position_;
     while (count > 0) {
         if (bufferRead_ == bufferUsed_) {
@@ -65,7 +64,7 @@ void CArchive::ReadBytes(std::uint8_t* target, std::size_t count) {
             const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kBufferSize, BytesLeft()));
             bufferUsed_ = file_.Read(buffer_.data(), wanted);
             bufferRead_ = 0;
-            // The file shrank after it was measured.
+            // The measured length is used up, or the file shrank after it was measured.
             if (bufferUsed_ == 0) throw CArchiveException(CArchiveException::Cause::EndOfFile, start);
         }
         const std::size_t chunk = std::min(count, bufferUsed_ - bufferRead_);

@@ -51,7 +51,6 @@ void CQvxSezMaterialu::Clear(bool keepUsed) {
 
 CQvxSezMaterialu& CQvxSezMaterialu::AssignFrom(const CQvxSezMaterialu& source) {
     if (&source == this) return *this;
-    rememberedAnswer_ = 0;
     Clear(true);
     for (const auto& [name, material] : source.materials_) {
         // In key order, so each copy goes to the end. It takes the source's users along.

@@ -49,6 +49,7 @@ TEST(CsvParse, SyntaxErrorsNameTheirLineAndKeepTheRecordsBefore) {
     ASSERT_TRUE(trailing.error);
     EXPECT_EQ(trailing.error->line, 2u);
     EXPECT_EQ(trailing.error->message, "Za uzavírací uvozovkou smí být jen oddělovač nebo konec řádku.");
+    EXPECT_EQ(trailing.records.size(), 1u);
 }
 
 TEST(CsvFormat, QuotesOnlyWhereNeededAndReadsBack) {

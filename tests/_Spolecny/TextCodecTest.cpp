@@ -35,9 +35,9 @@ TEST(Windows1250, EveryByteDecodesAsTheCLibraryDoesAndEncodesBack) {
 #endif
 
 TEST(Utf8, EncodesEachLengthAtItsBoundariesAndReadsBack) {
-    const std::u16string text = u"\u007F\u0080 Materiály \u07FF\u0800\uFFFF \U0001F600";
+    const std::u16string text = u"\u007F\u0080 Materiály \u07FF\u0800\uFFFF \U00010000\U0010FFFF";
     const std::string utf8 = ToUtf8(text);
-    EXPECT_EQ(utf8, "\x7F\xC2\x80 Materi\xC3\xA1ly \xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF \xF0\x9F\x98\x80");
+    EXPECT_EQ(utf8, "\x7F\xC2\x80 Materi\xC3\xA1ly \xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF \xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
     EXPECT_EQ(FromUtf8(utf8), text);
 }
 

@@ -38,7 +38,7 @@ inline constexpr const char* kListVersion0 =
     "  00 00 00 00 00 00 00 00"
     "  01 00 00 00 02 00 00 00 03 00 00 00";  // trailer
 
-// List version 2 with a material of version 2 and two profiles of version 2; then the trailer.
+// List version 2 with a material of version 2 and profiles of versions 2 and 3; then the trailer.
 inline constexpr const char* kMaterialVersion2 =
     "02  02 00  FF FE FF 03 50 00 56 00 43 00  00 00"
     "  00 00 80 3F  01 00 01 00 03 00 02 00"
@@ -46,8 +46,8 @@ inline constexpr const char* kMaterialVersion2 =
     "  02 14 00  00 00 C8 42  00 00 20 40  00 00 00 00"
     "    4B 00 47 00 00 00 58 00 58 00 58 00 58 00 58 00 58 00 58 00 58 00"
     "    31 00 30 00 35 00 78 00 32 00 2E 00 35 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
-    // DN index 14 is before the inserted row: unchanged
-    "  02 0E 00  00 00 48 43  00 00 A0 40  00 00 00 00"
+    // version 3 knows the inserted row: DN index 15 stays
+    "  03 0F 00  00 00 48 43  00 00 A0 40  00 00 00 00"
     "    00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
     "    00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00"
     "  FF  FF  00 00 00 00 00 00 00 00 00 00 00 00";

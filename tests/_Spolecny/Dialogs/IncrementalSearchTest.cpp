@@ -30,7 +30,7 @@ TEST(IncrementalSearch, FindsFromTheCurrentItemAndWrapsAround) {
     EXPECT_EQ(FindItemStartingWith(visible, 1, u"D", beginsWith), 2u);     // one letter: the next one
     EXPECT_EQ(FindItemStartingWith(visible, 4, u"D", beginsWith), 1u);     // round to the start
     EXPECT_EQ(FindItemStartingWith(visible, 1, u"DN 5", beginsWith), 1u);  // longer: the current one fits
-    EXPECT_EQ(FindItemStartingWith(visible, 0, u"DN 8", beginsWith), 4u);
+    EXPECT_EQ(FindItemStartingWith(visible, 0, u"D", beginsWith), 1u);     // none current: from the top
     EXPECT_EQ(FindItemStartingWith(visible, 1, u"X", beginsWith), 0u);
 }
 

@@ -69,8 +69,11 @@ TEST(MaterialList, AssignFromCopiesDeeplyWithUsersAndTheUnchangedFlag) {
     source.SetUnchanged(true);
 
     CQvxSezMaterialu copy;
-    AddMaterial(copy, u"Stará");
+    CQvxMaterial* oldSlot = &AddMaterial(copy, u"Stará");
+    oldSlot->Users().Register(&oldSlot);
     copy.AssignFrom(source);
+    ASSERT_NE(oldSlot, nullptr);  // in use: let go of, not deleted
+    delete oldSlot;
     EXPECT_EQ(NamesOf(copy), std::vector<std::u16string>{u"PE"});
     const CQvxMaterial& copied = MaterialNamed(copy, u"PE");
     EXPECT_NE(&copied, &pe);
@@ -92,6 +95,8 @@ TEST(MaterialList, RenameRefusesAnotherMaterialsNameAndCountsOwnNameAsChange) {
     list.SetUnchanged(true);
 
     EXPECT_FALSE(list.RenameMaterial(u"B", a));
+    CQvxSezMaterialu other;
+    EXPECT_FALSE(list.RenameMaterial(u"D", AddMaterial(other, u"B")));  // not this list's "B"
     EXPECT_EQ(NamesOf(list), (std::vector<std::u16string>{u"A", u"B"}));
     EXPECT_TRUE(list.IsUnchanged());
 

@@ -34,13 +34,6 @@ TEST(CatalogueCsvRead, FieldsComeFromTheirColumns) {
               "22: 515.6 x 57.2, 0, '' ''");
 }
 
-TEST(CatalogueCsvWrite, WritesTheSheetsItReadsByteForByte) {
-    const CatalogueCsvSheets sheets = Canonical();
-    const CatalogueCsvSheets written = WriteCatalogueCsv(ReadCatalogueCsv(sheets).materials);
-    EXPECT_EQ(written.materials, sheets.materials);
-    EXPECT_EQ(written.profiles, sheets.profiles);
-}
-
 TEST(CatalogueCsvRead, ColumnOrderCommasAndRowOrderAreFree) {
     const CatalogueCsvSheets spreadsheet{
         "Tvar,Průměr v popisu,Suffix,Prefix,Způsob popisu,SDr,Tl. třída,Drsnost [mm],Médium,Uložení,Výrobce,"
