@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <stdexcept>
 
-#include "ConfigFileRegistryValues.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
 #include "support/ThrownText.h"
@@ -53,18 +51,6 @@ TEST_F(RegistryPaths, ProgramFolderIsCreatedOnlyWhenAskedAndOnlyItsLastLevel) {
     values.Set(Hive::LocalMachine, u"CommonDataPath", root / u"chybí");
     EXPECT_EQ(ThrownText([] { CQvxRegistry::ProgramFolder(CQvxRegistry::kCommonDataPath, true); }),
               ExceptionText(u"Adresář nelze založit", 251, u"_Spolecny\\CQvxRegistry"));
-}
-
-TEST(ConfigFileRegistryValues, MachineFileThenUserFile) {
-    TempFolder root;
-    std::ofstream(root.Path() / "machine.conf") << "# installed paths\n\nCommonInstallPath=/opt/quorvex\r\n";
-    std::ofstream(root.Path() / "user.conf") << "CommonInstallPath=/home/x\nCommonDataPath=/home/x/Data – č\n";
-    CConfigFileRegistryValues values(root.Path() / "machine.conf", root.Path() / "user.conf");
-    CRegistryValuesScope installed(values);
-
-    EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonInstallPath), std::u16string(u"/opt/quorvex") + kSep);
-    EXPECT_EQ(CQvxRegistry::ReadPath(CQvxRegistry::kCommonDataPath), std::u16string(u"/home/x/Data – č") + kSep);
-    EXPECT_THROW(CQvxRegistry::ReadPath(CQvxRegistry::kDataPath), CQvxException);
 }
 
 }  // namespace
