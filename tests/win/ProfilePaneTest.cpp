@@ -194,7 +194,7 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
 // However an edit of a number cell ends, the editor hears of it in order; the end record is marked
 // changed only for a text unlike the cell's. Tab goes on to the next control. A text that is no
 // number keeps the editor open and focused with its balloon when the focus leaves it.
-TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedTextStaysOpen) {
+TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLeaveByArrowsOrTab) {
     const CQvxProfil& dn100 = *OpenWith({kDn80, kDn100}).FindProfile(kDn100);
     SetWindowSubclass(editor.Handle(), Overhear, 1, 0);
     const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
@@ -224,13 +224,10 @@ TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedT
     EXPECT_EQ(heard, "BE");
     EXPECT_FALSE(IsWindowVisible(cellEditor));
     RemoveWindowSubclass(editor.Handle(), Overhear, 1);
-}
 
-// A digit typed into a selected number cell starts its edit. Left at the start of the text stays
-// in the editor, unless the pane has the style that lets the arrows leave it and the text is
-// taken. The current cell is painted as such.
-TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyleAndTheCellIsPainted) {
-    OpenWith({kDn80, kDn100});
+    // A digit typed into a selected number cell starts its edit. Left at the start of the text
+    // stays in the editor, unless the pane has the style that lets the arrows leave it and the text
+    // is taken. The current cell is painted as such.
     Pane().SelectCell(RowOf(kDn80), kOuterColumn);
     SetFocus(Pane().Handle());
     gui::RealType(u"4");
@@ -243,7 +240,7 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
         {false, u"", false}, {true, u"2.", false}, {true, u"", true}};
     for (const auto& [arrows, text, leaves] : lefts) {  // the arrow style, a text typed first, whether it leaves
         Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
-        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
+        cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
         gui::Type(cellEditor, text);                // over the selected text
         SendMessageW(cellEditor, EM_SETSEL, 0, 0);  // the caret at 0
         gui::PressKey(cellEditor, VK_LEFT);
