@@ -39,3 +39,9 @@ inline std::vector<std::uint8_t> FileBytes(const std::filesystem::path& path) {
     std::ifstream input(path, std::ios::binary);
     return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(input), {});
 }
+// Writes `bytes` as the whole file, making its folders first.
+inline void WriteFileBytes(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}

@@ -55,7 +55,7 @@ private:
 
 // Answers the dialogs of this process with the given title one after the other with the given
 // buttons, recording what each shows: message boxes (pressed with WM_COMMAND), or task dialogs
-// (TDM_CLICK_BUTTON). With `showing`, only the dialogs that show that text are answered.
+// (TDM_CLICK_BUTTON).
 class MessageBoxWatcher {
 public:
     struct Seen {
@@ -71,7 +71,7 @@ public:
     };
 
     explicit MessageBoxWatcher(std::wstring title, std::vector<int> buttons = {IDOK}, HWND ignored = nullptr,
-                               UINT clickMessage = WM_COMMAND, std::wstring showing = {})
+                               UINT clickMessage = WM_COMMAND)
         : buttons_(std::move(buttons)),
           watcher_(
               std::move(title),
@@ -79,8 +79,7 @@ public:
                   seen_.push_back(Read(dialog));
                   PostMessageW(dialog, clickMessage, static_cast<WPARAM>(buttons_[seen_.size() - 1]), 0);
               },
-              ignored, [showing](HWND dialog) { return showing.empty() || Read(dialog).Shows(showing); },
-              static_cast<int>(buttons_.size())) {}
+              ignored, nullptr, static_cast<int>(buttons_.size())) {}
 
     // Waits until every dialog was answered or ten seconds passed, or (Stop) stops watching at
     // once; returns what the first showed, with `found` false when none was shown.
@@ -114,9 +113,8 @@ private:
     DialogWatcher watcher_;  // last: its thread may fill seen_ at once
 };
 
-// Answers a task dialog by pressing the button of `buttonId`; with `showing`, only the one that
-// shows that text.
+// Answers a task dialog by pressing the button of `buttonId`.
 struct TaskDialogWatcher : MessageBoxWatcher {
-    TaskDialogWatcher(std::wstring title, int buttonId, HWND ignored = nullptr, std::wstring showing = {})
-        : MessageBoxWatcher(std::move(title), {buttonId}, ignored, TDM_CLICK_BUTTON, std::move(showing)) {}
+    TaskDialogWatcher(std::wstring title, int buttonId)
+        : MessageBoxWatcher(std::move(title), {buttonId}, nullptr, TDM_CLICK_BUTTON) {}
 };

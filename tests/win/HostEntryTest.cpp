@@ -9,10 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <string>
 
 #include "Dialogs/TreeListCtrl.h"
@@ -64,10 +61,7 @@ protected:
         polyethylene.AddProfile(11);
         polyethylene.AddProfile(14);
         AddMaterial(list, u"PVC").AddProfile(5);
-        const Bytes bytes = WriteCatalogue(list);
-        std::filesystem::create_directory(folder.Path() / "Velmora");
-        std::ofstream(folder.Path() / "Velmora" / "Potrubi.qxp", std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        WriteFileBytes(folder.Path() / "Velmora" / "Potrubi.qxp", WriteCatalogue(list));
 
         const std::wstring path = folder.Path().wstring();
         for (const wchar_t* name : kFolderValues) {
@@ -107,9 +101,8 @@ TEST_F(HostEntry, EditorsOkChangesTheCatalogueAndTheFileAndASelectionGivesAMater
     });
     EXPECT_EQ(VelmoraEditMaterials(catalogue, nullptr, VELMORA_PLACEMENT_ALL, VELMORA_MEDIUM_ALL), VELMORA_OK);
     EXPECT_TRUE(user.Stop());
-    std::ifstream file(folder.Path() / "Velmora" / "Potrubi.qxp", std::ios::binary);
     CQvxSezMaterialu saved;
-    ReadCatalogue(saved, Bytes(std::istreambuf_iterator<char>(file), {}));
+    ReadCatalogue(saved, FileBytes(folder.Path() / "Velmora" / "Potrubi.qxp"));
     EXPECT_EQ(saved.Count(), 2u);
     EXPECT_EQ(saved.Find(u"Beton"), nullptr);
 

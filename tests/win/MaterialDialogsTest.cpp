@@ -1,10 +1,6 @@
 // The selection dialog, the material editor and the description dialog, driven through their
 // controls under Wine.
 
-#include <chrono>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <utility>
 
@@ -208,9 +204,11 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
 }
 
 // "..." renaming "Alfa" to "Zeta": the selection follows it, the fields, profiles and columns of
-// its new shape show it, the list has the focus, the profile "+" adds to it and "Ulož.." stored the
-// codes typed before.
-TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialWithItsCodesShapeAndFocus) {
+// its new shape show it, the profile "+" adds to it and "Ulož.." stored the codes typed before.
+// The list has the focus, and typing there finds a material by its beginning. Growing the dialog
+// widens the list, the pane and the long texts by half the growth, the last column of each list
+// taking it.
+TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialTypingFindsOneAndGrowingWidensTheLists) {
     AddEveryShape(catalogue);
     Open();
     SelectRowOf(u"Alfa");
@@ -226,15 +224,30 @@ TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialWithItsCodesShapeAndFoc
     EXPECT_EQ(ShownNames(editor).back(), u"Zeta");
     EXPECT_EQ(SelectedName(), u"Zeta");
     EXPECT_EQ(Text(IDC_NAME), u"Zeta");
-    EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
-    wchar_t title[8] = {};
-    TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 8, 0, 0};
-    editor.ProfilePane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
-    EXPECT_STREQ(title, L"Výška");
+    EXPECT_EQ(PaneColumn(kInnerColumn).first, u"Výška");
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(zeta.Profiles().size(), 3u);
     EXPECT_EQ(MaterialNamed(editor.WorkingList(), u"Beta").Profiles().size(), 2u);
 
+    Click(IDC_MATERIAL_EDIT);
+    Click(IDC_MATERIAL_APPLY);
+    ASSERT_EQ(GetFocus(), editor.MaterialList().Handle());
+    gui::Type(editor.MaterialList().Handle(), u"Pr");
+    gui::Pump(editor);
+    EXPECT_EQ(SelectedName(), u"Praha");
+    EXPECT_EQ(Text(IDC_NAME), u"Praha");
+
+    const auto widths = [&] {
+        const RECT place = CWindow(Control(IDC_DESCRIPTION)).WindowRect();
+        return std::vector<int>{ListView_GetColumnWidth(editor.MaterialList().Handle(), 2),
+                                PaneColumn(kWidthColumn).second, static_cast<int>(place.right - place.left)};
+    };
+    const std::vector<int> before = widths();
+    const RECT window = editor.WindowRect();
+    SetWindowPos(editor.Handle(), nullptr, 0, 0, window.right - window.left + 200, window.bottom - window.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+    const std::vector<int> after = widths();
+    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i] - before[i], 100) << i;
 }
 
 // With no material current the fields show a new material's defaults, the profile pane is empty,
@@ -261,63 +274,13 @@ TEST_F(MaterialEditor, NoMaterialCurrentShowsNothingAndDisablesTheProfileCommand
     EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
     SelectRowOf(u"Beta");
     Click(IDC_MATERIAL_COPY);
-    MSG escape{Control(IDC_NAME), WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
-    editor.ProcessMessage(escape);
+    PressKey(Control(IDC_NAME), VK_ESCAPE);
     expectNothingShown("\"%\" cancelled");
     while (editor.MaterialList().GetItemCount() > 0) {
         SelectRowOf(ShownNames(editor).front());
         Click(IDC_MATERIAL_DELETE);
     }
     expectNothingShown("every material deleted");
-}
-
-// After "Ulož.." the list has the focus and typing there finds a material by its beginning. Growing
-// the dialog widens the list, the pane and the long texts by half the growth, the last column of
-// each list taking it.
-TEST_F(MaterialEditor, TypingInTheListFindsAMaterialAndGrowingWidensTheListsAndTheirLastColumns) {
-    std::ifstream standard(std::filesystem::path(VELMORA_STANDARD_CATALOGUE), std::ios::binary);
-    ReadCatalogue(catalogue, Bytes(std::istreambuf_iterator<char>(standard), {}));
-    Open();
-    Click(IDC_MATERIAL_EDIT);
-    Click(IDC_MATERIAL_APPLY);
-    ASSERT_EQ(GetFocus(), editor.MaterialList().Handle());
-    gui::Type(editor.MaterialList().Handle(), u"Ka");
-    gui::Pump(editor);
-    EXPECT_EQ(SelectedName(), u"Kamenina");
-    EXPECT_EQ(Text(IDC_NAME), u"Kamenina");
-
-    const auto widths = [&] {
-        RECT place{};
-        GetWindowRect(Control(IDC_DESCRIPTION), &place);
-        TVCOLUMNW last{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
-        editor.ProfilePane().Send(TVM_GETCOLUMN, kWidthColumn, reinterpret_cast<LPARAM>(&last));
-        return std::vector<int>{ListView_GetColumnWidth(editor.MaterialList().Handle(), 2), last.cx,
-                                static_cast<int>(place.right - place.left)};
-    };
-    const std::vector<int> before = widths();
-    RECT window{};
-    GetWindowRect(editor.Handle(), &window);
-    SetWindowPos(editor.Handle(), nullptr, 0, 0, window.right - window.left + 200, window.bottom - window.top,
-                 SWP_NOMOVE | SWP_NOZORDER);
-    const std::vector<int> after = widths();
-    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i] - before[i], 100) << i;
-}
-
-// The figure is printed for people; the test checks that every row is listed in order.
-TEST_F(MaterialEditor, TenThousandMaterialsOpenAndFilterWithoutAPause) {
-    for (int i = 0; i < 10000; ++i) {
-        const std::string name = "Mat " + std::to_string(10000 + (i * 7919) % 10000).substr(1);
-        AddUsedFor(catalogue, std::u16string(name.begin(), name.end()), 3, 1 << (i % 5));
-    }
-    Open();
-    const auto start = std::chrono::steady_clock::now();
-    Click(IDC_FILTER_ALL);
-    const std::chrono::duration<double, std::milli> filling = std::chrono::steady_clock::now() - start;
-    std::printf("[ figures  ] 10,000 materials: FillList with its sort %.0f ms\n", filling.count());
-    const Names shown = ShownNames(editor);
-    ASSERT_EQ(shown.size(), 10000u);
-    EXPECT_EQ(shown.front(), u"Mat 0000");
-    EXPECT_EQ(shown.back(), u"Mat 9999");
 }
 
 TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "_Velmora/MaterialDialogResources.h"
@@ -109,6 +110,19 @@ protected:
     void Open() {
         editor.PrepareEditing(catalogue, filter);
         Show();
+    }
+    // A key pressed in `window`, as the message loop hands it to the editor.
+    void PressKey(HWND window, UINT key) {
+        MSG message{window, WM_KEYDOWN, key, 0, 0, {}};
+        editor.ProcessMessage(message);
+        gui::Pump(editor);
+    }
+    // The title and the width of a column of the profile pane.
+    std::pair<std::u16string, int> PaneColumn(int column) const {
+        wchar_t title[32] = {};
+        TVCOLUMNW read{TVCF_TEXT | TVCF_WIDTH, 0, 0, title, 32, 0, 0};
+        editor.ProfilePane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&read));
+        return {FromWide(title), read.cx};
     }
 
     UsageFilter filter;

@@ -19,11 +19,12 @@ constexpr int kDn80 = 10, kDn100 = 11, kDn125 = 12;
 
 class ProfilePaneEditor : public MaterialEditor {
 protected:
-    // The material "PE" with profiles at `dnIndexes`, the editor open on it.
+    // The material "PE" with profiles at `dnIndexes`, the editor open on it in the foreground.
     CQvxMaterial& OpenWith(std::initializer_list<int> dnIndexes) {
         CQvxMaterial& material = AddMaterial(catalogue, u"PE");
         for (const int index : dnIndexes) material.AddProfile(index);
         Open();
+        SetForegroundWindow(editor.Handle());
         return *editor.WorkingList().Find(u"PE");
     }
     const CTreeListCtrl& Pane() const { return editor.ProfilePane(); }
@@ -133,7 +134,6 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
     CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     dn100.SetDimensions(100, 5);
     editor.WorkingList().SetUnchanged(true);
-    SetForegroundWindow(editor.Handle());
 
     const HWND cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
     EXPECT_EQ(startText, u"100.0");
@@ -194,10 +194,9 @@ TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
 // However an edit of a number cell ends, the editor hears of it in order; the end record is marked
 // changed only for a text unlike the cell's. Tab goes on to the next control. A text that is no
 // number keeps the editor open and focused with its balloon when the focus leaves it.
-TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedTextStaysOpen) {
+TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLeaveByArrowsOrTab) {
     const CQvxProfil& dn100 = *OpenWith({kDn80, kDn100}).FindProfile(kDn100);
     SetWindowSubclass(editor.Handle(), Overhear, 1, 0);
-    SetForegroundWindow(editor.Handle());
     const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
         // typed over the text, key (0: the focus goes to the material list), heard, end mask
         {ProfileCellText(dn100, ProfileShape::Circle, kWallColumn), VK_RETURN, "BVES", 0x10008005},
@@ -225,14 +224,10 @@ TEST_F(ProfilePaneEditor, EndingACellEditReportsInOrderWithTrueMarksAndARefusedT
     EXPECT_EQ(heard, "BE");
     EXPECT_FALSE(IsWindowVisible(cellEditor));
     RemoveWindowSubclass(editor.Handle(), Overhear, 1);
-}
 
-// A digit typed into a selected number cell starts its edit. Left at the start of the text stays
-// in the editor, unless the pane has the style that lets the arrows leave it and the text is
-// taken. The current cell is painted as such.
-TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyleAndTheCellIsPainted) {
-    OpenWith({kDn80, kDn100});
-    SetForegroundWindow(editor.Handle());
+    // A digit typed into a selected number cell starts its edit. Left at the start of the text
+    // stays in the editor, unless the pane has the style that lets the arrows leave it and the text
+    // is taken. The current cell is painted as such.
     Pane().SelectCell(RowOf(kDn80), kOuterColumn);
     SetFocus(Pane().Handle());
     gui::RealType(u"4");
@@ -245,7 +240,7 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
         {false, u"", false}, {true, u"2.", false}, {true, u"", true}};
     for (const auto& [arrows, text, leaves] : lefts) {  // the arrow style, a text typed first, whether it leaves
         Pane().SetExtendedStyle(TVS_EX_EDITARROWS, arrows ? TVS_EX_EDITARROWS : 0);
-        const HWND cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
+        cellEditor = Pane().EditLabel(RowOf(kDn100), kWallColumn);
         gui::Type(cellEditor, text);                // over the selected text
         SendMessageW(cellEditor, EM_SETSEL, 0, 0);  // the caret at 0
         gui::PressKey(cellEditor, VK_LEFT);
@@ -261,9 +256,7 @@ TEST_F(ProfilePaneEditor, TypingStartsTheCellsEditLeftLeavesOnlyWithTheArrowStyl
     int wallLeft = 0;
     int wallRight = 0;
     for (int column = 0; column <= kWallColumn; ++column) {
-        TVCOLUMNW width{TVCF_WIDTH, 0, 0, nullptr, 0, 0, 0};
-        Pane().Send(TVM_GETCOLUMN, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&width));
-        wallLeft = std::exchange(wallRight, wallRight + width.cx);
+        wallLeft = std::exchange(wallRight, wallRight + PaneColumn(column).second);
     }
     const gui::ClientPicture picture(Pane().Handle());
     const int middle = (row.top + row.bottom) / 2;
@@ -310,10 +303,7 @@ TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileDeleteMovesTheSelectionAnd
     pe.AddProfile(kDn100);
     EditMaterial(pe, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
     ReselectFirstMaterial();
-    wchar_t title[32] = {};
-    TVCOLUMNW column{TVCF_TEXT, 0, 0, title, 32, 0, 0};
-    Pane().Send(TVM_GETCOLUMN, kInnerColumn, reinterpret_cast<LPARAM>(&column));
-    EXPECT_STREQ(title, L"Výška");
+    EXPECT_EQ(PaneColumn(kInnerColumn).first, u"Výška");
     TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
     EXPECT_EQ(pe.FindProfile(kDn100)->Width(), 1600);
     gui::SaveScreenshot(L"profiles-rectangle");

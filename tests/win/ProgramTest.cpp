@@ -5,14 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "Win/WideText.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "support/CatalogueBuilding.h"
+#include "support/TempFolder.h"
 #include "win/DialogWatcher.h"
 
 namespace {
@@ -95,10 +93,8 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
 TEST(Program, SampleHostPicksAMaterialAndAProfile) {
     const std::wstring host = FromEnvironment(L"VELMORA_SAMPLE_HOST");
     if (host.empty()) GTEST_SKIP() << "runs in the prefix where install.sh installed the program";
-    std::ifstream file(std::filesystem::path(FromEnvironment(L"VELMORA_FIRST_RUN_DATA") + L"\\Velmora\\Potrubi.qxp"),
-                       std::ios::binary);
     CQvxSezMaterialu catalogue;
-    ReadCatalogue(catalogue, Bytes(std::istreambuf_iterator<char>(file), {}));
+    ReadCatalogue(catalogue, FileBytes(FromEnvironment(L"VELMORA_FIRST_RUN_DATA") + L"\\Velmora\\Potrubi.qxp"));
 
     StartedProgram program(host);
     ASSERT_TRUE(program.started);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 
 #include "CQvxRegistry.h"
 #include "Framework/FileSystem.h"
@@ -19,12 +18,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-void WriteFile(const fs::path& path, const Bytes& bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-}
 
 // The portable file system with one failure put in: the new file's write stops after
 // `writtenBefore` bytes, or the replace fails, with `failure`.
@@ -81,7 +74,7 @@ protected:
 };
 
 TEST_F(CatalogueFiles, FirstRunReadsTheStandardCatalogueAndSavesItAsTheUsers) {
-    WriteFile(StandardFile(), standardBytes);
+    WriteFileBytes(StandardFile(), standardBytes);
     EXPECT_TRUE(list.LoadCatalogue(false));
 
     ASSERT_EQ(messages.shown.size(), 1u);
@@ -92,6 +85,15 @@ TEST_F(CatalogueFiles, FirstRunReadsTheStandardCatalogueAndSavesItAsTheUsers) {
     EXPECT_EQ(FileBytes(UserFile()), standardBytes);
     EXPECT_TRUE(list.IsUnchanged());
     EXPECT_EQ(MaterialNamed(list, u"PVC KG").FileIndex(), -2);
+
+    // Later runs read the user's catalogue unchanged; the standard one read in marks a change.
+    messages.shown.clear();
+    EXPECT_TRUE(list.LoadCatalogue(false));
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_EQ(MaterialNamed(list, u"PE 100").FileIndex(), -2);
+    EXPECT_TRUE(list.LoadCatalogue(true));
+    EXPECT_FALSE(list.IsUnchanged());
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(CatalogueFiles, NeitherCatalogueGivesTwoTaskDialogsAndFalse) {
@@ -104,71 +106,42 @@ TEST_F(CatalogueFiles, NeitherCatalogueGivesTwoTaskDialogsAndFalse) {
     EXPECT_FALSE(fs::exists(UserFile()));
 }
 
-TEST_F(CatalogueFiles, UsersCatalogueReadsUnchangedAndTheStandardOneChanged) {
-    WriteFile(UserFile(), standardBytes);
-    WriteFile(StandardFile(), standardBytes);
-    EXPECT_TRUE(list.LoadCatalogue(false));
-    EXPECT_TRUE(list.IsUnchanged());
-    EXPECT_EQ(MaterialNamed(list, u"PE 100").FileIndex(), -2);
-
-    EXPECT_TRUE(list.LoadCatalogue(true));
-    EXPECT_FALSE(list.IsUnchanged());
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(CatalogueFiles, NewerVersionIsReportedAndTheStandardCatalogueIsNotTried) {
-    WriteFile(UserFile(), Hex("04 FF"));
-    WriteFile(StandardFile(), standardBytes);
+TEST_F(CatalogueFiles, NewerVersionIsReportedWithoutTryingTheStandardOneAndAMalformedOneThrows) {
+    WriteFileBytes(UserFile(), Hex("04 FF"));
+    WriteFileBytes(StandardFile(), standardBytes);
     EXPECT_FALSE(list.LoadCatalogue(false));
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].caption, u"Program vyvolal výjimku");
     EXPECT_EQ(messages.shown[0].text, NewerVersionError(257, u"_Spolecny\\_Velmora\\CQvxSezMaterialu"));
     EXPECT_EQ(list.Count(), 0u);
-}
 
-TEST_F(CatalogueFiles, MalformedCatalogueReachesTheCallerAndAMissingFolderValueIsTold) {
-    WriteFile(UserFile(), Hex("03 05 01"));
+    // A malformed catalogue reaches the caller; a missing folder value is told.
+    WriteFileBytes(UserFile(), Hex("03 05 01"));
     EXPECT_THROW(list.LoadCatalogue(false), CArchiveException);
-    EXPECT_TRUE(messages.shown.empty());
-
+    EXPECT_EQ(messages.shown.size(), 1u);
     FakeRegistryValues empty;
     CRegistryValuesScope installed(empty);
     EXPECT_FALSE(list.LoadCatalogue(false));
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text, MissingRegistryValueError());
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[1].text, MissingRegistryValueError());
 }
 
-TEST_F(CatalogueFiles, EmptyListIsNeverWrittenAndASaveThatCannotOpenItsFileKeepsTheListChanged) {
-    WriteFile(UserFile(), standardBytes);
-    EXPECT_TRUE(list.SaveCatalogue());
-    EXPECT_EQ(FileBytes(UserFile()), standardBytes);
-    EXPECT_TRUE(messages.shown.empty());
-
-    fs::remove(UserFile());
-    fs::create_directories(UserFile());  // a folder where the file should be
-    list.AssignFrom(standardList);
-    list.MarkChanged();
-    EXPECT_FALSE(list.SaveCatalogue());
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text, CannotOpen(UserFile()));
-    EXPECT_TRUE(messages.shown[0].content.starts_with(u"Nelze uložit provedené změny\n"));
-    EXPECT_FALSE(list.IsUnchanged());
-}
-
-// A user catalogue that exists but does not open is treated like a missing one, including the save
-// over it, which then fails with its own task dialog.
+// A user catalogue that exists but does not open (a folder where the file should be) is treated
+// like a missing one, including the save over it, which then fails with its own task dialog and
+// keeps the list changed.
 TEST_F(CatalogueFiles, UnopenableUsersCatalogueFallsBackAndItsSaveFails) {
     fs::create_directories(UserFile());
-    WriteFile(StandardFile(), standardBytes);
+    WriteFileBytes(StandardFile(), standardBytes);
     EXPECT_TRUE(list.LoadCatalogue(false));
     ASSERT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[0].content, u"Bude načten standardní soubor");
+    EXPECT_EQ(messages.shown[1].text, CannotOpen(UserFile()));
     EXPECT_TRUE(messages.shown[1].content.starts_with(u"Nelze uložit provedené změny\n"));
     EXPECT_FALSE(list.IsUnchanged());
 }
 
 TEST_F(CatalogueFiles, MergeThatOverwritesSavesOnYes) {
-    WriteFile(StandardFile(), standardBytes);
+    WriteFileBytes(StandardFile(), standardBytes);
     list.AssignFrom(standardList);
     list.Find(u"PE 100")->AddProfile(20);
     messages.overwriteAnswers = {TaskDialogButtons::kYes};
@@ -189,7 +162,7 @@ TEST_F(CatalogueFiles, StartupReportsADamagedCatalogueAndKeepsWhatWasRead) {
         messages.shown.clear();
         list.Clear(false);
         const fs::path damaged = usersFile ? UserFile() : StandardFile();
-        WriteFile(damaged, cut);
+        WriteFileBytes(damaged, cut);
 
         LoadCatalogueAtStartup(list);
 
@@ -231,7 +204,9 @@ TEST_F(CatalogueFiles, AFailedSaveLeavesTheFileAsItWasAndTellsWhy) {
         {Step::Replace, 0, std::make_error_code(std::errc::device_or_resource_busy), u"Soubor používá jiný program."},
         {Step::Replace, 0, otherFailure, FromUtf8(otherFailure.message())},
     };
-    WriteFile(UserFile(), standardBytes);
+    WriteFileBytes(UserFile(), standardBytes);
+    EXPECT_TRUE(list.SaveCatalogue());  // an empty list is never written
+    EXPECT_EQ(FileBytes(UserFile()), standardBytes);
     ASSERT_TRUE(list.LoadCatalogue(false));
     list.Find(u"PE 100")->AddProfile(20);
     FailingFileSystem files;
@@ -264,7 +239,7 @@ TEST_F(CatalogueFiles, AFailedSaveLeavesTheFileAsItWasAndTellsWhy) {
 // A file another program wrote after the list's save (another size, or the same size and time with
 // other bytes) is replaced only on "Ano"; "Ne" writes nothing. The backup then keeps that file.
 TEST_F(CatalogueFiles, AFileChangedByAnotherProgramIsReplacedOnlyOnYes) {
-    WriteFile(UserFile(), standardBytes);
+    WriteFileBytes(UserFile(), standardBytes);
     ASSERT_TRUE(list.LoadCatalogue(false));
     AddMaterial(list, u"Litina");
     ASSERT_TRUE(list.SaveCatalogue());
@@ -274,7 +249,7 @@ TEST_F(CatalogueFiles, AFileChangedByAnotherProgramIsReplacedOnlyOnYes) {
     sameSize[sameSize.size() / 2] ^= 1;
 
     for (const Bytes* outside : {&standardBytes, &sameSize}) {
-        WriteFile(UserFile(), *outside);
+        WriteFileBytes(UserFile(), *outside);
         if (outside == &sameSize) fs::last_write_time(UserFile(), savedAt);
         messages.shown.clear();
         messages.overwriteChangedAnswers = {false};
@@ -295,42 +270,21 @@ TEST_F(CatalogueFiles, AFileChangedByAnotherProgramIsReplacedOnlyOnYes) {
     EXPECT_EQ(FileBytes(Beside(".bak")), sameSize);
 }
 
-// A file the user picks is merged into the list; every failure is told, and what was read stays.
-TEST_F(CatalogueFiles, MergingAPickedFileTellsEveryFailure) {
+// A picked file cut short is merged up to the fault, which is told with its path and byte; a
+// standard catalogue cut short is told too. (A missing picked file and a whole one: the editor's
+// loading scenario.)
+TEST_F(CatalogueFiles, MergingACatalogueCutShortTellsWhereAndKeepsWhatWasRead) {
     const fs::path picked = root.Path() / "picked.qxp";
-    struct Case {
-        const Bytes* bytes;  // none: the file is missing
-        bool read;
-        std::size_t count;
-        std::u16string told;  // empty: nothing
-    };
-    const Case cases[] = {
-        {nullptr, false, 1, u"Nelze otevřít soubor" + picked.u16string()},
-        {&cut, false, 2,
-         u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " + cutAt +
-             u".\n\nMateriály načtené před chybou zůstávají v seznamu."},
-        {&standardBytes, true, 3, u""},
-    };
-    for (const Case& c : cases) {
-        fs::remove(picked);
-        if (c.bytes != nullptr) WriteFile(picked, *c.bytes);
-        list.Clear(false);
-        AddMaterial(list, u"Vlastní");
-        messages.shown.clear();
+    WriteFileBytes(picked, cut);
+    AddMaterial(list, u"Vlastní");
+    EXPECT_FALSE(MergeCatalogueFile(list, picked.u16string()));
+    EXPECT_EQ(list.Count(), 2u);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
+    EXPECT_EQ(messages.shown[0].text, u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " +
+                                          cutAt + u".\n\nMateriály načtené před chybou zůstávají v seznamu.");
 
-        EXPECT_EQ(MergeCatalogueFile(list, picked.u16string()), c.read);
-        EXPECT_EQ(list.Count(), c.count);
-        if (c.told.empty()) {
-            EXPECT_TRUE(messages.shown.empty());
-        } else {
-            ASSERT_EQ(messages.shown.size(), 1u);
-            EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
-            EXPECT_EQ(messages.shown[0].text, c.told);
-        }
-    }
-
-    fs::remove(StandardFile());
-    WriteFile(StandardFile(), cut);
+    WriteFileBytes(StandardFile(), cut);
     messages.shown.clear();
     EXPECT_FALSE(MergeStandardCatalogue(list));
     ASSERT_EQ(messages.shown.size(), 1u);
