@@ -6,6 +6,15 @@
 #include "Win/SubclassedWindow.h"
 #include "Win/WideText.h"
 
+namespace {
+
+// A button's check set only when it changes: a radio button rewrites its style on every set.
+void SetCheck(HWND button, int state) {
+    if (SendMessageW(button, BM_GETCHECK, 0, 0) != state) SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(state), 0);
+}
+
+}  // namespace
+
 HWND CDataExchange::Item(int id) const {
     return GetDlgItem(dialog_.Handle(), id);
 }
@@ -20,7 +29,7 @@ void CDataExchange::Text(int id, std::u16string& value) {
     CWindow control(Item(id));
     if (saving_) {
         value = control.Text();
-    } else {
+    } else if (control.Text() != value) {  // an unchanged text is neither repainted nor notified
         control.SetText(value);
     }
 }
@@ -39,7 +48,7 @@ void CDataExchange::Check(int id, int& value) {
     if (saving_) {
         value = static_cast<int>(SendMessageW(Item(id), BM_GETCHECK, 0, 0));
     } else {
-        SendMessageW(Item(id), BM_SETCHECK, static_cast<WPARAM>(value), 0);
+        SetCheck(Item(id), value);
     }
 }
 
@@ -53,7 +62,7 @@ void CDataExchange::Radio(int firstId, int& index) {
             if (saving_) {
                 if (SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) index = position;
             } else {
-                SendMessageW(control, BM_SETCHECK, position == index ? BST_CHECKED : BST_UNCHECKED, 0);
+                SetCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
             }
             ++position;
         }
@@ -66,7 +75,7 @@ void CDataExchange::ComboIndex(int id, int& index) {
     if (failed_) return;
     if (saving_) {
         index = static_cast<int>(SendMessageW(Item(id), CB_GETCURSEL, 0, 0));
-    } else {
+    } else if (SendMessageW(Item(id), CB_GETCURSEL, 0, 0) != index) {
         SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     }
 }
