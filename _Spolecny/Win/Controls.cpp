@@ -73,6 +73,14 @@ void CListView::SetItemState(int index, UINT state, UINT mask) const {
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
 }
 
+void CListView::ClearSelection() const {
+    for (int row = GetNextItem(-1, LVNI_SELECTED); row >= 0; row = GetNextItem(row, LVNI_SELECTED)) {
+        SetItemState(row, 0, LVIS_SELECTED);
+    }
+    const int focused = GetNextItem(-1, LVNI_FOCUSED);
+    if (focused >= 0) SetItemState(focused, 0, LVIS_FOCUSED);
+}
+
 CToolTipCtrl::~CToolTipCtrl() {
     Destroy();
 }

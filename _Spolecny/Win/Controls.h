@@ -50,6 +50,9 @@ public:
     int GetItemCount() const { return static_cast<int>(Send(LVM_GETITEMCOUNT)); }
     int GetNextItem(int start, UINT flags) const;
     void SetItemState(int index, UINT state, UINT mask) const;
+    // No row selected or focused. Row by row: the list's own "every row" visits each of its rows,
+    // even in a virtual list.
+    void ClearSelection() const;
 };
 
 // A tooltip window; unlike the other wrappers it creates and owns its window.

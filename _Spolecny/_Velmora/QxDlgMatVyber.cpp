@@ -149,7 +149,7 @@ HTREEITEM CQxDlgMatVyber::InsertProfileRow(CQvxProfil& profile) {
 }
 
 void CQxDlgMatVyber::FillList(UsageFilter filter) {
-    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.ClearSelection();
     rows_ = ListedMaterials(*materials_, filter);
     SortForDisplay(rows_);
     materialList_.Send(LVM_SETITEMCOUNT, rows_.size());
@@ -168,9 +168,7 @@ void CQxDlgMatVyber::FillList(UsageFilter filter) {
 }
 
 void CQxDlgMatVyber::SortRows() {
-    std::sort(rows_.begin(), rows_.end(), [](const CQvxMaterial* a, const CQvxMaterial* b) {
-        return DisplayOrderLess(a->UniqueName(), b->UniqueName());
-    });
+    SortForDisplay(rows_);
     materialList_.Redraw();
 }
 
@@ -198,7 +196,7 @@ int CQxDlgMatVyber::RowOf(const CQvxMaterial& material) const {
 }
 
 void CQxDlgMatVyber::SelectOnly(int row) {
-    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.ClearSelection();
     materialList_.Send(LVM_SETSELECTIONMARK, 0, row);
     if (row >= 0) {
         SelectRow(row);  // the row's material is shown as it becomes selected
