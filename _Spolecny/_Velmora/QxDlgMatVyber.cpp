@@ -163,7 +163,8 @@ void CQxDlgMatVyber::FillList(UsageFilter filter) {
     }
     // Row 0 is current even when the filter left no row.
     currentIndex_ = 0;
-    materialList_.Focus();
+    // An opening dialog is not focused yet: the list gets the focus once the dialog shows.
+    if (IsWindowVisible(Handle())) materialList_.Focus();
     SelectRow(0);
 }
 
