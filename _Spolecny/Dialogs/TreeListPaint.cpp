@@ -182,7 +182,11 @@ void TreeListWindow::Layout() {
                           scrollX_,
                           0};
     SetScrollBar(SB_HORZ, horizontal);
-    InvalidateRect(window_, nullptr, FALSE);
+    // One invalidation stands until the control is painted.
+    if (!paintPending_) {
+        InvalidateRect(window_, nullptr, FALSE);
+        paintPending_ = true;
+    }
 }
 
 // Each row added lays the control out again: what did not change is not set again, as the header

@@ -138,6 +138,7 @@ private:
     RECT headerPlace_{};
     SCROLLINFO verticalBar_{};
     SCROLLINFO horizontalBar_{};
+    bool paintPending_ = false;  // Layout invalidated the whole control, not painted since
     int clientWidth_ = 0;
     IncrementalSearch search_;
 
