@@ -30,6 +30,10 @@ public:
     void SetIcon(HICON icon) const { Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon)); }
 };
 
+// BM_SETCHECK only where it would change something. A radio button rewrites its style on every
+// set, even an unchanged one (the tab stop goes to the checked button of a group), at a price.
+void SetButtonCheck(HWND button, int state);
+
 class CComboBox : public CSubclassedWindow {
 public:
     using CSubclassedWindow::CSubclassedWindow;

@@ -3,17 +3,9 @@
 #include "Win/Dialog.h"
 #include "Framework/FrameworkTexts.h"
 #include "Win/Application.h"
+#include "Win/Controls.h"
 #include "Win/SubclassedWindow.h"
 #include "Win/WideText.h"
-
-namespace {
-
-// A button's check set only when it changes: a radio button rewrites its style on every set.
-void SetCheck(HWND button, int state) {
-    if (SendMessageW(button, BM_GETCHECK, 0, 0) != state) SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(state), 0);
-}
-
-}  // namespace
 
 HWND CDataExchange::Item(int id) const {
     return GetDlgItem(dialog_.Handle(), id);
@@ -48,7 +40,7 @@ void CDataExchange::Check(int id, int& value) {
     if (saving_) {
         value = static_cast<int>(SendMessageW(Item(id), BM_GETCHECK, 0, 0));
     } else {
-        SetCheck(Item(id), value);
+        SetButtonCheck(Item(id), value);
     }
 }
 
@@ -62,7 +54,7 @@ void CDataExchange::Radio(int firstId, int& index) {
             if (saving_) {
                 if (SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) index = position;
             } else {
-                SetCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
+                SetButtonCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
             }
             ++position;
         }

@@ -321,8 +321,11 @@ void CQxDlgMatVyber::OnFilterRadio() {
 }
 
 void CQxDlgMatVyber::SetFilterRadios() const {
-    CheckRadioButton(Handle(), IDC_FILTER_SEWAGE, IDC_FILTER_ALL, IDC_FILTER_SEWAGE + MediumRadioForMask(filter_.medium));
-    CheckRadioButton(Handle(), IDC_SCOPE_ZTI, IDC_SCOPE_ALL, IDC_SCOPE_ZTI + PlacementRadioForMask(filter_.placement));
+    const auto check = [this](int first, int last, int checked) {
+        for (int id = first; id <= last; ++id) SetButtonCheck(Item(id), id == checked ? BST_CHECKED : BST_UNCHECKED);
+    };
+    check(IDC_FILTER_SEWAGE, IDC_FILTER_ALL, IDC_FILTER_SEWAGE + MediumRadioForMask(filter_.medium));
+    check(IDC_SCOPE_ZTI, IDC_SCOPE_ALL, IDC_SCOPE_ZTI + PlacementRadioForMask(filter_.placement));
 }
 
 void CQxDlgMatVyber::FillClassLists() const {
