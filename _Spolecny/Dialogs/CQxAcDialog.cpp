@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr UINT kMakeToolTipWindow = WM_APP + 1021;
+
 // "Arial" at 13 points on the screen, as a point font is made.
 HFONT CreateBaseFont() {
     const HDC screen = GetDC(nullptr);
@@ -81,10 +83,10 @@ bool CQxAcDialog::PreTranslateMessage(MSG& message) {
 
 BOOL CQxAcDialog::OnInitDialog() {
     CDialog::OnInitDialog();
-    tooltip_.Create(Handle(), TTS_ALWAYSTIP | TTS_BALLOON);
-    tooltip_.SetMaxTipWidth(kToolTipMaxWidth);
-    for (const auto& [id, text] : tooltips_) tooltip_.AddTool(Item(id), text);
-    tooltip_.Activate(true);
+    // The tooltips wait until the dialog has been shown: nobody hovers over a window not yet on
+    // the screen, and making them is a good part of a dialog's opening under Wine.
+    tooltip_.Destroy();  // an earlier opening's window went with its dialog
+    Post(kMakeToolTipWindow);
     if (icon_ != nullptr) {
         Send(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon_));
         Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_));
@@ -95,8 +97,19 @@ BOOL CQxAcDialog::OnInitDialog() {
     return TRUE;
 }
 
+void CQxAcDialog::MakeToolTipWindow() {
+    tooltip_.Create(Handle(), TTS_ALWAYSTIP | TTS_BALLOON);
+    tooltip_.SetMaxTipWidth(kToolTipMaxWidth);
+    for (const auto& [id, text] : tooltips_) tooltip_.AddTool(Item(id), text);
+    tooltip_.Activate(true);
+}
+
 bool CQxAcDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
+        case kMakeToolTipWindow:
+            MakeToolTipWindow();
+            result = 0;
+            return true;
         case WM_PAINT: {
             PAINTSTRUCT paint{};
             const HDC dc = BeginPaint(Handle(), &paint);

@@ -24,7 +24,7 @@ public:
 
     // A balloon tooltip for a control; a second one for the same control keeps the first.
     // Tooltips added while the dialog is open are attached at once. Returns the dialog's tooltip
-    // window, which is made when the dialog opens.
+    // window, which is made just after the dialog opens.
     CToolTipCtrl& AddToolTip(int controlId, std::u16string_view text);
     // The tooltips' texts by control id.
     const std::map<int, std::u16string>& ToolTips() const { return tooltips_; }
@@ -55,6 +55,7 @@ protected:
 
 private:
     void Paint(HDC dc);
+    void MakeToolTipWindow();
 
     static constexpr int kToolTipMaxWidth = 200;  // pixels
     std::map<int, std::u16string> tooltips_;

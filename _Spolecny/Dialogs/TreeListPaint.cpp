@@ -149,10 +149,15 @@ void TreeListWindow::Layout() {
         HDLAYOUT layout{&available, &position};
         SendMessageW(header_, HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layout));
         const int width = std::max(model_.TotalColumnWidth(), static_cast<int>(client.right) + scrollX_);
-        SetWindowPos(header_, nullptr, -scrollX_, 0, width, position.cy,
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        const RECT place{-scrollX_, 0, width - scrollX_, position.cy};
+        if (!EqualRect(&place, &headerPlace_)) {
+            SetWindowPos(header_, nullptr, place.left, place.top, width, position.cy,
+                         SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+            headerPlace_ = place;
+        }
     } else {
         ShowWindow(header_, SW_HIDE);
+        headerPlace_ = {};
     }
 
     const int rows = static_cast<int>(model_.VisibleItems().size());
@@ -165,7 +170,7 @@ void TreeListWindow::Layout() {
                         static_cast<UINT>(page),
                         topRow_,
                         0};
-    SetScrollInfo(window_, SB_VERT, &vertical, TRUE);
+    SetScrollBar(SB_VERT, vertical);
 
     const int total = model_.TotalColumnWidth();
     scrollX_ = std::clamp(scrollX_, 0, std::max(total - static_cast<int>(client.right), 0));
@@ -176,8 +181,24 @@ void TreeListWindow::Layout() {
                           static_cast<UINT>(std::max(static_cast<int>(client.right), 0)),
                           scrollX_,
                           0};
-    SetScrollInfo(window_, SB_HORZ, &horizontal, TRUE);
-    InvalidateRect(window_, nullptr, FALSE);
+    SetScrollBar(SB_HORZ, horizontal);
+    // One invalidation stands until the control is painted.
+    if (!paintPending_) {
+        InvalidateRect(window_, nullptr, FALSE);
+        paintPending_ = true;
+    }
+}
+
+// Each row added lays the control out again: what did not change is not set again, as the header
+// and the scroll bars would each repaint.
+void TreeListWindow::SetScrollBar(int bar, const SCROLLINFO& info) {
+    SCROLLINFO& last = bar == SB_VERT ? verticalBar_ : horizontalBar_;
+    if (last.cbSize != 0 && last.nMin == info.nMin && last.nMax == info.nMax && last.nPage == info.nPage &&
+        last.nPos == info.nPos) {
+        return;
+    }
+    SetScrollInfo(window_, bar, &info, TRUE);
+    last = info;
 }
 
 std::vector<TreeListWindow::RowPaint> TreeListWindow::CollectRows() {

@@ -161,6 +161,7 @@ LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
     switch (message) {
         case WM_PAINT: {
+            paintPending_ = false;
             PAINTSTRUCT paint{};
             const HDC dc = BeginPaint(window_, &paint);
             Paint(dc, paint.rcPaint);

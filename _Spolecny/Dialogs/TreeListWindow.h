@@ -66,6 +66,7 @@ private:
 
     // Layout and painting (TreeListPaint.cpp).
     void Layout();
+    void SetScrollBar(int bar, const SCROLLINFO& info);
     void UpdateHeader();
     void UpdateFont(HFONT font);
     int Scaled(int pixels) const;
@@ -133,6 +134,11 @@ private:
     int rowHeight_ = 18;
     int topRow_ = 0;
     int scrollX_ = 0;
+    // As Layout last set them.
+    RECT headerPlace_{};
+    SCROLLINFO verticalBar_{};
+    SCROLLINFO horizontalBar_{};
+    bool paintPending_ = false;  // Layout invalidated the whole control, not painted since
     int clientWidth_ = 0;
     IncrementalSearch search_;
 

@@ -39,6 +39,16 @@ bool CEdit::ShowBalloonTip(std::u16string_view title, std::u16string_view text, 
     return Send(EM_SHOWBALLOONTIP, 0, reinterpret_cast<LPARAM>(&balloon)) != 0;
 }
 
+void SetButtonCheck(HWND button, int state) {
+    const auto style = static_cast<DWORD>(GetWindowLongW(button, GWL_STYLE));
+    const DWORD kind = style & BS_TYPEMASK;
+    const bool radio = kind == BS_RADIOBUTTON || kind == BS_AUTORADIOBUTTON;
+    const bool tabStopRight = !radio || ((style & WS_TABSTOP) != 0) == (state != BST_UNCHECKED);
+    if (SendMessageW(button, BM_GETCHECK, 0, 0) != state || !tabStopRight) {
+        SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(state), 0);
+    }
+}
+
 int CComboBox::AddString(std::u16string_view text) const {
     const std::u16string item(text);
     return static_cast<int>(Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item))));
@@ -71,6 +81,14 @@ void CListView::SetItemState(int index, UINT state, UINT mask) const {
     item.state = state;
     item.stateMask = mask;
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+}
+
+void CListView::ClearSelection() const {
+    for (int row = GetNextItem(-1, LVNI_SELECTED); row >= 0; row = GetNextItem(row, LVNI_SELECTED)) {
+        SetItemState(row, 0, LVIS_SELECTED);
+    }
+    const int focused = GetNextItem(-1, LVNI_FOCUSED);
+    if (focused >= 0) SetItemState(focused, 0, LVIS_FOCUSED);
 }
 
 CToolTipCtrl::~CToolTipCtrl() {

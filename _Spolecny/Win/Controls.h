@@ -30,6 +30,10 @@ public:
     void SetIcon(HICON icon) const { Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon)); }
 };
 
+// BM_SETCHECK only where it would change something. A radio button rewrites its style on every
+// set, even an unchanged one (the tab stop goes to the checked button of a group), at a price.
+void SetButtonCheck(HWND button, int state);
+
 class CComboBox : public CSubclassedWindow {
 public:
     using CSubclassedWindow::CSubclassedWindow;
@@ -50,6 +54,9 @@ public:
     int GetItemCount() const { return static_cast<int>(Send(LVM_GETITEMCOUNT)); }
     int GetNextItem(int start, UINT flags) const;
     void SetItemState(int index, UINT state, UINT mask) const;
+    // No row selected or focused. Row by row: the list's own "every row" visits each of its rows,
+    // even in a virtual list.
+    void ClearSelection() const;
 };
 
 // A tooltip window; unlike the other wrappers it creates and owns its window.

@@ -3,6 +3,7 @@
 #include "Win/Dialog.h"
 #include "Framework/FrameworkTexts.h"
 #include "Win/Application.h"
+#include "Win/Controls.h"
 #include "Win/SubclassedWindow.h"
 #include "Win/WideText.h"
 
@@ -20,7 +21,7 @@ void CDataExchange::Text(int id, std::u16string& value) {
     CWindow control(Item(id));
     if (saving_) {
         value = control.Text();
-    } else {
+    } else if (control.Text() != value) {  // an unchanged text is neither repainted nor notified
         control.SetText(value);
     }
 }
@@ -39,7 +40,7 @@ void CDataExchange::Check(int id, int& value) {
     if (saving_) {
         value = static_cast<int>(SendMessageW(Item(id), BM_GETCHECK, 0, 0));
     } else {
-        SendMessageW(Item(id), BM_SETCHECK, static_cast<WPARAM>(value), 0);
+        SetButtonCheck(Item(id), value);
     }
 }
 
@@ -53,7 +54,7 @@ void CDataExchange::Radio(int firstId, int& index) {
             if (saving_) {
                 if (SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) index = position;
             } else {
-                SendMessageW(control, BM_SETCHECK, position == index ? BST_CHECKED : BST_UNCHECKED, 0);
+                SetButtonCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
             }
             ++position;
         }
@@ -66,7 +67,7 @@ void CDataExchange::ComboIndex(int id, int& index) {
     if (failed_) return;
     if (saving_) {
         index = static_cast<int>(SendMessageW(Item(id), CB_GETCURSEL, 0, 0));
-    } else {
+    } else if (SendMessageW(Item(id), CB_GETCURSEL, 0, 0) != index) {
         SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     }
 }

@@ -114,6 +114,17 @@ bool CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
         }
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<NMHDR*>(lParam), result);
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLORBTN:
+        case WM_CTLCOLORDLG: {
+            // The colours the default procedure gives, answered here: left unanswered, each of
+            // these asks the theming layer first, at every paint of every label, box and button.
+            const auto dc = reinterpret_cast<HDC>(wParam);
+            SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+            SetBkColor(dc, GetSysColor(COLOR_3DFACE));
+            result = reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_3DFACE));
+            return true;
+        }
         default:
             return false;
     }

@@ -2,11 +2,20 @@
 
 #include <commctrl.h>
 
+#include <unordered_map>
+
 namespace {
 
 constexpr UINT_PTR kSubclassId = 0x5645;  // one subclass of ours per window
-// Names the object that subclasses a window, for reflected notifications.
-constexpr const wchar_t* kObjectProperty = L"Velmora.SubclassedWindow";
+
+// The object that subclasses each window, for reflected notifications. Kept in the process rather
+// than as a window property: every control colour and notification a dialog gets asks for it, and
+// a property is a round trip to the window server under Wine. Never destroyed, so that static
+// control objects may still unsubclass as the process ends.
+std::unordered_map<HWND, CSubclassedWindow*>& Subclassed() {
+    static auto* const objects = new std::unordered_map<HWND, CSubclassedWindow*>;
+    return *objects;
+}
 
 HWND NotifyingChild(UINT message, WPARAM, LPARAM lParam) {
     switch (message) {
@@ -34,7 +43,7 @@ bool CSubclassedWindow::Subclass(HWND window) {
     if (window == nullptr || !SetWindowSubclass(window, SubclassProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
         return false;
     }
-    SetPropW(window, kObjectProperty, this);
+    Subclassed()[window] = this;
     m_hWnd = window;
     subclassed_ = true;
     return true;
@@ -42,7 +51,7 @@ bool CSubclassedWindow::Subclass(HWND window) {
 
 void CSubclassedWindow::Unsubclass() {
     if (subclassed_) {
-        RemovePropW(m_hWnd, kObjectProperty);
+        Subclassed().erase(m_hWnd);
         RemoveWindowSubclass(m_hWnd, SubclassProc, kSubclassId);
     }
     subclassed_ = false;
@@ -50,7 +59,9 @@ void CSubclassedWindow::Unsubclass() {
 }
 
 CSubclassedWindow* CSubclassedWindow::FromHandle(HWND window) {
-    return window != nullptr ? static_cast<CSubclassedWindow*>(GetPropW(window, kObjectProperty)) : nullptr;
+    if (window == nullptr) return nullptr;
+    const auto found = Subclassed().find(window);
+    return found != Subclassed().end() ? found->second : nullptr;
 }
 
 bool CSubclassedWindow::OnReflected(UINT, WPARAM, LPARAM, LRESULT&) {

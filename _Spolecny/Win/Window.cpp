@@ -36,6 +36,16 @@ RECT CWindow::WindowRect() const {
     return rect;
 }
 
+void CWindow::SetEnabled(bool enabled) const {
+    if (IsEnabled() != enabled) Enable(enabled);
+}
+
+void CWindow::SetShown(bool shown) const {
+    // The window's own style: IsWindowVisible also asks its parents.
+    const bool visible = (GetWindowLongW(m_hWnd, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (visible != shown) Show(shown ? SW_SHOW : SW_HIDE);
+}
+
 void CWindow::SetFont(HFONT font, bool redraw) const {
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), MAKELPARAM(redraw ? TRUE : FALSE, 0));
 }

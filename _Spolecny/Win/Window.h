@@ -31,6 +31,10 @@ public:
     void Enable(bool enable) const { EnableWindow(m_hWnd, enable); }
     bool IsVisible() const { return IsWindowVisible(m_hWnd) != FALSE; }
     void Show(int command) const { ShowWindow(m_hWnd, command); }
+    // Enable or disable, show or hide, leaving a window that already is so untouched: no message,
+    // no repaint.
+    void SetEnabled(bool enabled) const;
+    void SetShown(bool shown) const;
     void Focus() const { SetFocus(m_hWnd); }
     void SetFont(HFONT font, bool redraw = true) const;
     // Invalidates the whole window, background included, for the next paint.

@@ -200,8 +200,9 @@ void CQxDlgMatEdituj::ApplyLayout() const {
     const auto set = [this](std::span<const int> ids, EditorGroup group) {
         const GroupState state = LayoutOf(group, mode_);
         for (const int id : ids) {
-            EnableWindow(Item(id), state.enabled);
-            ShowWindow(Item(id), state.visible ? SW_SHOW : SW_HIDE);
+            const CWindow control(Item(id));
+            control.SetEnabled(state.enabled);
+            control.SetShown(state.visible);
         }
     };
     constexpr int kList[] = {IDC_MATERIAL_LIST};
@@ -219,9 +220,9 @@ void CQxDlgMatEdituj::ApplyLayout() const {
 
 void CQxDlgMatEdituj::UpdateProfileControls() const {
     const bool enabled = LayoutOf(EditorGroup::ProfilePane, mode_, RowMaterial(currentIndex_) != nullptr).enabled;
-    for (const int id : kProfileCommands) EnableWindow(Item(id), enabled);
-    for (const int id : kCodeEdits) EnableWindow(Item(id), enabled && selectedProfile_ != nullptr);
-    profilePane_.Enable(enabled);
+    for (const int id : kProfileCommands) CWindow(Item(id)).SetEnabled(enabled);
+    for (const int id : kCodeEdits) CWindow(Item(id)).SetEnabled(enabled && selectedProfile_ != nullptr);
+    profilePane_.SetEnabled(enabled);
 }
 
 void CQxDlgMatEdituj::FocusMaterialList() const {

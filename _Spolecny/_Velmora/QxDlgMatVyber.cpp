@@ -149,7 +149,7 @@ HTREEITEM CQxDlgMatVyber::InsertProfileRow(CQvxProfil& profile) {
 }
 
 void CQxDlgMatVyber::FillList(UsageFilter filter) {
-    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.ClearSelection();
     rows_ = ListedMaterials(*materials_, filter);
     SortForDisplay(rows_);
     materialList_.Send(LVM_SETITEMCOUNT, rows_.size());
@@ -163,14 +163,13 @@ void CQxDlgMatVyber::FillList(UsageFilter filter) {
     }
     // Row 0 is current even when the filter left no row.
     currentIndex_ = 0;
-    materialList_.Focus();
+    // An opening dialog is not focused yet: the list gets the focus once the dialog shows.
+    if (IsWindowVisible(Handle())) materialList_.Focus();
     SelectRow(0);
 }
 
 void CQxDlgMatVyber::SortRows() {
-    std::sort(rows_.begin(), rows_.end(), [](const CQvxMaterial* a, const CQvxMaterial* b) {
-        return DisplayOrderLess(a->UniqueName(), b->UniqueName());
-    });
+    SortForDisplay(rows_);
     materialList_.Redraw();
 }
 
@@ -198,7 +197,7 @@ int CQxDlgMatVyber::RowOf(const CQvxMaterial& material) const {
 }
 
 void CQxDlgMatVyber::SelectOnly(int row) {
-    materialList_.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    materialList_.ClearSelection();
     materialList_.Send(LVM_SETSELECTIONMARK, 0, row);
     if (row >= 0) {
         SelectRow(row);  // the row's material is shown as it becomes selected
@@ -322,8 +321,11 @@ void CQxDlgMatVyber::OnFilterRadio() {
 }
 
 void CQxDlgMatVyber::SetFilterRadios() const {
-    CheckRadioButton(Handle(), IDC_FILTER_SEWAGE, IDC_FILTER_ALL, IDC_FILTER_SEWAGE + MediumRadioForMask(filter_.medium));
-    CheckRadioButton(Handle(), IDC_SCOPE_ZTI, IDC_SCOPE_ALL, IDC_SCOPE_ZTI + PlacementRadioForMask(filter_.placement));
+    const auto check = [this](int first, int last, int checked) {
+        for (int id = first; id <= last; ++id) SetButtonCheck(Item(id), id == checked ? BST_CHECKED : BST_UNCHECKED);
+    };
+    check(IDC_FILTER_SEWAGE, IDC_FILTER_ALL, IDC_FILTER_SEWAGE + MediumRadioForMask(filter_.medium));
+    check(IDC_SCOPE_ZTI, IDC_SCOPE_ALL, IDC_SCOPE_ZTI + PlacementRadioForMask(filter_.placement));
 }
 
 void CQxDlgMatVyber::FillClassLists() const {
