@@ -22,15 +22,17 @@ TEST(Windows1250, EveryByteDecodesAsTheCLibraryDoesAndEncodesBack) {
         char* inPointer = &in;
         char* outPointer = out;
         std::size_t inLeft = 1, outLeft = sizeof out;
-        const bool defined = iconv(converter, &inPointer, &inLeft, &outPointer, &outLeft) != static_cast<std::size_t>(-1);
-        const auto expected = defined ? static_cast<char16_t>(static_cast<unsigned char>(out[0]) |
-                                                              static_cast<unsigned char>(out[1]) << 8)
-                                      : static_cast<char16_t>(byte);
+        const bool defined =
+            iconv(converter, &inPointer, &inLeft, &outPointer, &outLeft) != static_cast<std::size_t>(-1);
+        const auto expected =
+            defined
+                ? static_cast<char16_t>(static_cast<unsigned char>(out[0]) | static_cast<unsigned char>(out[1]) << 8)
+                : static_cast<char16_t>(byte);
         EXPECT_EQ(FromWindows1250(std::string(1, in)), std::u16string(1, expected)) << byte;
         EXPECT_EQ(ToWindows1250(std::u16string(1, expected)), std::string(1, in)) << byte;
     }
     iconv_close(converter);
-    EXPECT_EQ(ToWindows1250(u"a\u4E2Db\u00F1"), "a?b?");  // CJK and ñ are not in Windows-1250
+    EXPECT_EQ(ToWindows1250(u"a\u4E2Db\u00F1\u0080"), "a?b??");  // CJK, ñ and U+0080 are not in Windows-1250
 }
 #endif
 
@@ -42,12 +44,19 @@ TEST(Utf8, EncodesEachLengthAtItsBoundariesAndReadsBack) {
 }
 
 TEST(Utf8, MalformedInputBecomesReplacementCharacters) {
-    EXPECT_EQ(ToUtf8(std::u16string(1, char16_t(0xD800)) + u"a"), "\xEF\xBF\xBD" "a");  // lone surrogate
-    for (const auto& [bytes, text] : {std::pair<std::string_view, std::u16string_view>{"\xC0\x80", u"\uFFFD"},  // overlong
-                                      {"a\xE2\x82", u"a\uFFFD"},            // cut sequence
-                                      {"\xED\xA0\x80", u"\uFFFD"},          // encoded surrogate
-                                      {"\xFF" "b", u"\uFFFD" "b"},            // never a lead byte
-                                      {"\xC3\xA1\x80", u"\u00E1\uFFFD"}}) {  // a stray continuation byte
+    EXPECT_EQ(ToUtf8(std::u16string(1, char16_t(0xD800)) + u"a"),
+              "\xEF\xBF\xBD"
+              "a");  // lone surrogate
+    for (const auto& [bytes, text] :
+         {std::pair<std::string_view, std::u16string_view>{"\xC0\x80", u"\uFFFD"},  // overlong
+          {"a\xE2\x82", u"a\uFFFD"},                                                // cut sequence
+          {"\xED\xA0\x80", u"\uFFFD"},                                              // encoded surrogate
+          {"\xED\xBF\xBF", u"\uFFFD"},                                              // the last one
+          {"\xFF"
+           "b",
+           u"\uFFFD"
+           "b"},                                 // never a lead byte
+          {"\xC3\xA1\x80", u"\u00E1\uFFFD"}}) {  // a stray continuation byte
         EXPECT_EQ(FromUtf8(bytes), text) << bytes;
     }
 }

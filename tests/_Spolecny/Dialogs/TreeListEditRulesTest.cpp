@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 TEST(EditArgument, PackedFieldsAndTheAutomaticForm) {
@@ -33,7 +35,10 @@ TEST(EditArgument, ColumnSettingsUnpack) {
     EXPECT_EQ(settings.column, 4);
     EXPECT_EQ(settings.param1, 7);
     EXPECT_EQ(settings.param2, 100);
-    EXPECT_EQ(DecodeColumnAutoEdit(EncodeColumnAutoEdit({0x10, 7, 63, 255, 127})).column, 63);
+    const ColumnAutoEdit all{0x10, 7, 63, 255, 127};
+    const ColumnAutoEdit back = DecodeColumnAutoEdit(EncodeColumnAutoEdit(all));
+    EXPECT_EQ(std::tie(back.flags, back.mode, back.column, back.param1, back.param2),
+              std::tie(all.flags, all.mode, all.column, all.param1, all.param2));
 
     EXPECT_EQ(DecodeColumnCheck(0xFFFF02).maxLength, -1);
     EXPECT_EQ(DecodeColumnCheck(0xFFFF02).inputKind, 0x02);
@@ -132,6 +137,12 @@ TEST(EditorPlace, CaretGoesToTheNearerCharacterBoundary) {
         EXPECT_EQ(CaretAtOffset(extents, offset), caret) << offset;
     }
     EXPECT_EQ(CaretAtOffset({}, 5), 0);
+}
+
+TEST(EditEnd, OnlyATypedTextOtherThanTheStartCountsAsAChange) {
+    EXPECT_TRUE(TextChangedDuringEdit(true, u"3.00", u"3.5"));
+    EXPECT_FALSE(TextChangedDuringEdit(true, u"3.00", u"3.00"));  // typed back, or written back trimmed
+    EXPECT_FALSE(TextChangedDuringEdit(false, u"3.00", u"3.5"));  // the owner's text, not the user's
 }
 
 }  // namespace

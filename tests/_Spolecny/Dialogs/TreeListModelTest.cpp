@@ -78,6 +78,8 @@ TEST_F(TreeList, RelationsFollowTheTreeAndWhatIsExpanded) {
     EXPECT_EQ(model.Next(TreeRelation::Previous, a2), a1);
     EXPECT_EQ(model.Next(TreeRelation::Parent, a2), a);
     EXPECT_EQ(model.Next(TreeRelation::Child, a), a1);
+    EXPECT_EQ(model.Next(TreeRelation::Child, b), 0u);
+    EXPECT_EQ(model.Next(TreeRelation::Parent, 99), 0u);
     EXPECT_TRUE(model.HasChildren(a));
     EXPECT_FALSE(model.HasChildren(b));
 

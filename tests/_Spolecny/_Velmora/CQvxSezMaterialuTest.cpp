@@ -163,6 +163,9 @@ TEST_F(CatalogueMerge, SameFileTwiceAsksNothingAndChangesNothing) {
     EXPECT_EQ(WriteCatalogue(list), bytes);
     EXPECT_EQ(MaterialNamed(list, u"PVC").FileIndex(), 2);  // position in the file
     EXPECT_TRUE(list.IsUnchanged());
+    ASSERT_TRUE(file.RemoveMaterial(u"Litina"));
+    ReadCatalogue(list, WriteCatalogue(file));
+    EXPECT_EQ(MaterialNamed(list, u"Litina").FileIndex(), -2);  // in no file of the last read
 }
 
 TEST_F(CatalogueMerge, DifferenceOnlyInRoughnessOrMasksIsKeptSilently) {
@@ -179,6 +182,7 @@ TEST_F(CatalogueMerge, AnswersDecideTheFieldsAndMissingProfilesAreAlwaysAdded) {
         material.FindProfile(material.Profiles().begin()->first)->SetWall(1.0f);
         material.AddProfile(20);
         SetRoughness(material, 1.5);
+        EditMaterial(material, [](MaterialExchangeRecord& record) { record.descriptionMode = DescriptionMode::Dn; });
     });
     CQvxMaterial& pe = *list.Find(u"PE");
     messages.overwriteAnswers = {TaskDialogButtons::kYes, TaskDialogButtons::kNo};
@@ -188,6 +192,7 @@ TEST_F(CatalogueMerge, AnswersDecideTheFieldsAndMissingProfilesAreAlwaysAdded) {
     EXPECT_EQ(messages.shown[0].content, u"PE");
     EXPECT_EQ(pe.Roughness(), MaterialNamed(file, u"PE").Roughness());  // "Ano"
     EXPECT_EQ(ProfileAt(pe, 10).Wall(), 1.0f);                          // existing profile kept
+    EXPECT_EQ(ProfileAt(pe, 10).Label(), u"72x1.0");                    // labelled by the file's rule again
     EXPECT_EQ(pe.Profiles().size(), 3u);                                // 20 kept, 11 added
     const CQvxMaterial& pvc = MaterialNamed(list, u"PVC");
     EXPECT_EQ(pvc.Roughness(), 1.5f);  // "Ne"

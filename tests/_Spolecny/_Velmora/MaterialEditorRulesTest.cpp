@@ -70,17 +70,19 @@ TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
     EXPECT_TRUE(DisplayOrderLess(u"abc", u"Abd"));
     EXPECT_TRUE(DisplayOrderLess(u"ABC", u"abc"));  // equal but for case: code units decide
     EXPECT_FALSE(DisplayOrderLess(u"abc", u"ABC"));
+    EXPECT_FALSE(DisplayOrderLess(u"Abd", u"abc"));
     EXPECT_FALSE(DisplayOrderLess(u"abc", u"abc"));
     EXPECT_TRUE(DisplayOrderLess(u"zz", u"Čep"));
     EXPECT_EQ(CzechLowered(u"ŽLUŤOUČKÝ KŮŇ Ě Ď Ň Ř Š Ť Ú Ů Ý Á É Í Ó ĹĽŔ ĀĶŊŶŹ ÀÖØÞ × Ÿ İ ΑΩ ЀЏАЯ"),
               u"žluťoučký kůň ě ď ň ř š ť ú ů ý á é í ó ĺľŕ āķŋŷź àöøþ × ÿ i αω ѐџая");
-    EXPECT_EQ(CzechLowered(u"ı ĸ ŉ ſ ß 1-[]"), u"ı ĸ ŉ ſ ß 1-[]");
+    EXPECT_EQ(CzechLowered(u"ı ĸ ŉ ſ ß 1-[] я"), u"ı ĸ ŉ ſ ß 1-[] я");
 
     // Typing in the list: from the start row on, case ignored, round to the top only with wrap.
     EXPECT_EQ(FindRowStartingWith(rows, u"AB", 2, false), 2);
     EXPECT_EQ(FindRowStartingWith(rows, u"ab", 3, false), -1);
     EXPECT_EQ(FindRowStartingWith(rows, u"ab", 3, true), 0);
     EXPECT_EQ(FindRowStartingWith(rows, u"Č", 0, false), 4);
+    EXPECT_EQ(FindRowStartingWith(rows, u"dno", 0, false), 3);  // the whole name
 }
 
 // One session of commands: "%" and "..." need a marked row, the commands are dead while an edit is

@@ -150,4 +150,19 @@ TEST_F(ProfilePane, CellChangeStoresWithoutTheBands) {
     EXPECT_EQ(StoredProfileEdit(dn100, kWidthColumn, u"12.4").width, 12);
 }
 
+// Typed codes go each to its own field, cut to nine characters; codes as they were change nothing.
+TEST_F(ProfilePane, TypedCodesAreStoredEachInItsFieldOnlyWhenChanged) {
+    CQvxProfil& profile = ProfileAt(kDn100, 100, 5);
+    list.SetUnchanged(true);
+    EXPECT_TRUE(StoreProfileCodes(profile, u"8011234567", u"2861"));
+    EXPECT_EQ(profile.UrsInstallCode(), u"801123456");
+    EXPECT_EQ(profile.UrsMaterialCode(), u"2861");
+    EXPECT_FALSE(list.IsUnchanged());
+    list.SetUnchanged(true);
+    EXPECT_FALSE(StoreProfileCodes(profile, u"801123456", u"2861"));
+    EXPECT_TRUE(list.IsUnchanged());
+    EXPECT_TRUE(StoreProfileCodes(profile, u"801123456", u""));
+    EXPECT_EQ(profile.UrsMaterialCode(), u"");
+}
+
 }  // namespace
