@@ -130,6 +130,8 @@ TEST_F(ExchangeRecord, TakesEveryField) {
         "11: 104 x 3, 0, '' '' [PE110mm d110]");
     EditMaterial(material, [](MaterialExchangeRecord& changed) { changed.onInnerDiameter = true; });
     EXPECT_EQ(material.FindProfile(11)->Label(), u"PE104mm");  // that alone rebuilds the labels
+    EditMaterial(material, [](MaterialExchangeRecord& changed) { changed.prefix = u"P"; });
+    EXPECT_EQ(material.FindProfile(11)->Label(), u"P104mm");  // and so does the prefix alone
     // A roughness of -1000 means "take it from the text". A change that leaves the labels is a change too.
     for (const auto& [text, roughness] : {std::pair{u" 0.25 mm", 0.25f}, std::pair{u"drsnost", 0.0f}}) {
         list.SetUnchanged(true);
