@@ -2,27 +2,14 @@
 // process ends when the editor closes.
 
 #include <windows.h>
-#include <commctrl.h>
 
-#include "Win/CWin32FileSystem.h"
-#include "Win/CWin32RegistryValues.h"
-#include "Win/CWin32UserMessages.h"
+#include "Win/Win32Services.h"
 #include "_Velmora/CQvxSezMaterialu.h"
 #include "_Velmora/CatalogueLoading.h"
 #include "_Velmora/QxDlgMatEdituj.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-    // Every class of the common-controls group that 0xFF names: list and tree views among them.
-    INITCOMMONCONTROLSEX controls{sizeof(controls), 0xFF};
-    InitCommonControlsEx(&controls);
-
-    CWin32UserMessages messages;
-    CUserMessagesScope installedMessages(messages);
-    CWin32RegistryValues registry;
-    CRegistryValuesScope installedRegistry(registry);
-    CWin32FileSystem files;
-    CFileSystemScope installedFiles(files);
-
+    CWin32Services services;
     CQxDlgMatEdituj editor(nullptr);
     CQvxSezMaterialu list;
     LoadCatalogueAtStartup(list);

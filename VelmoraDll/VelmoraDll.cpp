@@ -10,9 +10,7 @@
 #include <string>
 
 #include "Win/Application.h"
-#include "Win/CWin32FileSystem.h"
-#include "Win/CWin32RegistryValues.h"
-#include "Win/CWin32UserMessages.h"
+#include "Win/Win32Services.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxProfil.h"
 #include "_Velmora/CQvxSezMaterialu.h"
@@ -41,31 +39,28 @@ HANDLE LibraryActivationContext() {
     return context;
 }
 
-// What the program's start-up provides and an entry must provide for itself: the library's
-// activation context, the common controls, and the messages, folder values and files of Windows.
-class EntryScope {
+// The library's activation context, active for as long as this object lives, so that its dialogs
+// get the common controls of its manifest.
+class ActivatedContext {
 public:
-    EntryScope() {
+    ActivatedContext() {
         const HANDLE context = LibraryActivationContext();
         if (context != INVALID_HANDLE_VALUE) ActivateActCtx(context, &cookie_);
-        // Every class of the common-controls group that 0xFF names, as the program does.
-        INITCOMMONCONTROLSEX controls{sizeof(controls), 0xFF};
-        InitCommonControlsEx(&controls);
     }
-    ~EntryScope() {
+    ~ActivatedContext() {
         if (cookie_ != 0) DeactivateActCtx(0, cookie_);
     }
-    EntryScope(const EntryScope&) = delete;
-    EntryScope& operator=(const EntryScope&) = delete;
+    ActivatedContext(const ActivatedContext&) = delete;
+    ActivatedContext& operator=(const ActivatedContext&) = delete;
 
 private:
     ULONG_PTR cookie_ = 0;
-    CWin32UserMessages messages_;
-    CUserMessagesScope installedMessages_{messages_};
-    CWin32RegistryValues registry_;
-    CRegistryValuesScope installedRegistry_{registry_};
-    CWin32FileSystem files_;
-    CFileSystemScope installedFiles_{files_};
+};
+
+// What the program's start-up provides and an entry must provide for itself, the context first.
+struct EntryScope {
+    ActivatedContext context;
+    CWin32Services services;
 };
 
 bool IsFilter(int placement, int medium) {

@@ -6,7 +6,6 @@
 // until every message it caused (painting too) has been handled. Medians of five; OK once.
 
 #include <windows.h>
-#include <commctrl.h>
 
 #include <cstdio>
 #include <functional>
@@ -15,8 +14,7 @@
 
 #include "ProgramLaunch.h"
 #include "RandomCatalogue.h"
-#include "Win/CWin32RegistryValues.h"
-#include "Win/CWin32UserMessages.h"
+#include "Win/Win32Services.h"
 #include "_Velmora/CatalogueLoading.h"
 #include "_Velmora/MaterialDialogResources.h"
 #include "_Velmora/QxDlgMatEdituj.h"
@@ -146,12 +144,7 @@ int wmain(int argc, wchar_t** argv) {
         std::fputs("gui_benchmark <Velmora.exe> <work folder>\n", stderr);
         return 2;
     }
-    INITCOMMONCONTROLSEX controls{sizeof(controls), 0xFF};
-    InitCommonControlsEx(&controls);
-    CWin32UserMessages messages;
-    CUserMessagesScope installedMessages(messages);
-    CWin32RegistryValues registry;
-    CRegistryValuesScope installedRegistry(registry);
+    CWin32Services services;  // as the program has them, the file system included
 
     const std::wstring work = argv[2];
     CreateDirectoryW(work.c_str(), nullptr);
