@@ -6,6 +6,7 @@
 // until every message it caused (painting too) has been handled. Medians of five; OK once.
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <cstdio>
 #include <functional>
