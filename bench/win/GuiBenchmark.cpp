@@ -94,6 +94,8 @@ std::u16string Numbered(std::u16string_view text, int number) {
 std::vector<double> Measure(const std::wstring& program, const std::wstring& folder, int materials) {
     CreateDirectoryW(folder.c_str(), nullptr);
     SetCatalogueFolders(folder);
+    // An earlier run's catalogue is no file this list has read: saving over it would ask first.
+    DeleteFileW((folder + L"\\Velmora\\Potrubi.qxp").c_str());
     {
         CQvxSezMaterialu generated;
         RandomCatalogue(1).Fill(generated, materials, kProfilesEach);
