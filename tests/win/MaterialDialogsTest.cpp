@@ -177,10 +177,15 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
 }
 
 // What a material holds shows in the fields, and what the fields show after an edit goes back
-// into it. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the
-// affixes as they were.
-TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
-    EditMaterial(AddMaterial(catalogue, u"PE"), [](MaterialExchangeRecord& record) {
+// into it: "..." renaming "Alfa" to "Zeta", with other fields and a rectangle. "Jiný" shows the
+// description dialog; cancelled, it leaves "Jiný" checked and the affixes as they were. The
+// selection follows the applied material: its fields, profiles and the columns of its new shape
+// show it, the profile "+" adds to it, and the codes typed before "..." were stored. The list has
+// the focus, and typing there finds a material by its beginning. Growing the dialog widens the
+// list, the pane and the long texts by half the growth, the last column of each list taking it.
+TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsAndGrowingWidensTheLists) {
+    AddEveryShape(catalogue);
+    EditMaterial(*catalogue.Find(u"Alfa"), [](MaterialExchangeRecord& record) {
         record.prefix = u"d";
         record.suffix = u"mm";
         record.manufacturer = u"Plasty";
@@ -199,7 +204,10 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
                                           {IDC_USE_WATER, true}, {IDC_USE_GAS, true},       {IDC_USE_HEATING, false}};
     for (const auto& [id, checked] : boxes) EXPECT_EQ(Checked(id), checked) << id;
 
+    gui::SetText(Control(IDC_URS_INSTALL), u"I-Zeta");
+    gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
     Click(IDC_MATERIAL_EDIT);
+    gui::SetText(Control(IDC_NAME), u"Zeta");
     gui::SetText(Control(IDC_MANUFACTURER), u"Litina");
     SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, 0, 0);
     for (const int id : {IDC_USE_NETWORKS, IDC_USE_GAS, IDC_SHAPE_RECTANGLE}) Click(id);
@@ -213,7 +221,9 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_TRUE(Checked(IDC_LABEL_CUSTOM));
     Click(IDC_MATERIAL_APPLY);
     ASSERT_EQ(editor.Mode(), EditMode::Browse);
-    const MaterialExchangeRecord stored = FieldsOf(*editor.WorkingList().Find(u"PE"));
+    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), u"Zeta");
+    EXPECT_EQ(editor.WorkingList().Find(u"Alfa"), nullptr);
+    const MaterialExchangeRecord stored = FieldsOf(zeta);
     EXPECT_EQ(stored.manufacturer, u"Litina");
     EXPECT_EQ(stored.pnIndex, 0);
     EXPECT_EQ(stored.sdrIndex, 3);
@@ -222,25 +232,6 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_EQ(stored.shape, ProfileShape::Rectangle);
     EXPECT_EQ(stored.descriptionMode, DescriptionMode::Custom);
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
-}
-
-// "..." renaming "Alfa" to "Zeta": the selection follows it, the fields, profiles and columns of
-// its new shape show it, the profile "+" adds to it and "Ulož.." stored the codes typed before.
-// The list has the focus, and typing there finds a material by its beginning. Growing the dialog
-// widens the list, the pane and the long texts by half the growth, the last column of each list
-// taking it.
-TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialTypingFindsOneAndGrowingWidensTheLists) {
-    AddEveryShape(catalogue);
-    Open();
-    SelectRowOf(u"Alfa");
-    gui::SetText(Control(IDC_URS_INSTALL), u"I-Zeta");
-    gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
-    Click(IDC_MATERIAL_EDIT);
-    gui::SetText(Control(IDC_NAME), u"Zeta");
-    Click(IDC_SHAPE_RECTANGLE);
-    Click(IDC_MATERIAL_APPLY);
-    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), u"Zeta");
-    EXPECT_EQ(editor.WorkingList().Find(u"Alfa"), nullptr);
     EXPECT_EQ(ProfileAt(zeta, 10).UrsInstallCode(), u"I-Zeta");
     EXPECT_EQ(ProfileAt(zeta, 10).UrsMaterialCode(), u"M-Zeta");
     EXPECT_EQ(ShownNames(editor).back(), u"Zeta");

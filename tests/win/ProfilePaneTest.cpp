@@ -159,62 +159,12 @@ TEST_F(ProfilePaneEditor, AddGenerateAndDeleteProfilesAndStoreTheirCodes) {
     gui::SaveScreenshot(L"profiles-rectangle");
 }
 
-// The cell's editor starts from the owner's text and takes a comma as a point; the owner refuses a
-// number outside the DN's band. A click elsewhere commits.
-TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
-    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
-    CQvxProfil& dn100 = *pe.FindProfile(kDn100);
-    dn100.SetDimensions(100, 5);
-    editor.WorkingList().SetUnchanged(true);
-
-    const HWND cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
-    EXPECT_EQ(startText, u"100.0");
-    EXPECT_TRUE(IsWindowVisible(cellEditor));  // refused: the edit stays open
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadaný průměr neodpovídá zadanému DN, nejprve změňte DN");
-    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 100);
-    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
-    gui::SetText(cellEditor, u"");
-    gui::Type(cellEditor, u"72,5");
-    EXPECT_EQ(gui::Text(cellEditor), u"72.5");
-    const RECT row = RowRect(kDn80);
-    POINT point{(row.left + row.right) / 2, (row.top + row.bottom) / 2};
-    ClientToScreen(Pane().Handle(), &point);
-    gui::RealClick(point);
-    gui::Pump(editor, 100);
-    EXPECT_FALSE(IsWindowVisible(cellEditor));
-    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
-    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
-    EXPECT_FLOAT_EQ(dn100.OuterDiameter(), 110);
-    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // the owner still supplies the text
-    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
-
-    // The DN's drop-down list offers every DN and moves the profile only to a free one.
-    const auto choose = [&](int dnIndex, int choice) {
-        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
-        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
-        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
-        gui::PressKey(combo, VK_DOWN);
-        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
-        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
-        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
-        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(combo));
-        gui::PressKey(combo, VK_RETURN);
-        gui::Pump(editor);
-    };
-    choose(kDn80, kDn125);
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
-
-    EXPECT_FALSE(Answering([&] { choose(kDn100, kDn125); }).found);  // taken: nothing changes, nothing is said
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-}
-
 // However an edit of a number cell ends, the editor hears of it in order; the end record is marked
 // changed only for a text unlike the cell's. Tab goes on to the next control. A text that is no
 // number keeps the editor open, focused and coloured, with its balloon, when the focus leaves it.
-TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLeaveByArrowsOrTab) {
-    const CQvxProfil& dn100 = *OpenWith({kDn80, kDn100}).FindProfile(kDn100);
+TEST_F(ProfilePaneEditor, CellEditsReportInOrderStartByTypingLeaveByArrowsOrTabAndKeepTheDnBand) {
+    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
+    CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     SetWindowSubclass(editor.Handle(), Overhear, 1, 0);
     const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
         // typed over the text, key (0: the focus goes to the material list), heard, end mask
@@ -287,6 +237,51 @@ TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLea
     EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
     EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
     EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
+
+    // The cell's editor starts from the owner's text and takes a comma as a point; the owner refuses
+    // a number outside the DN's band. A click elsewhere commits.
+    dn100.SetDimensions(100, 5);
+    editor.WorkingList().SetUnchanged(true);
+    cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
+    EXPECT_EQ(startText, u"100.0");
+    EXPECT_TRUE(IsWindowVisible(cellEditor));  // refused: the edit stays open
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadaný průměr neodpovídá zadanému DN, nejprve změňte DN");
+    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 100);
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
+    gui::SetText(cellEditor, u"");
+    gui::Type(cellEditor, u"72,5");
+    EXPECT_EQ(gui::Text(cellEditor), u"72.5");
+    const RECT dn80 = RowRect(kDn80);
+    POINT point{(dn80.left + dn80.right) / 2, (dn80.top + dn80.bottom) / 2};
+    ClientToScreen(Pane().Handle(), &point);
+    gui::RealClick(point);
+    gui::Pump(editor, 100);
+    EXPECT_FALSE(IsWindowVisible(cellEditor));
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
+    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
+    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // the owner still supplies the text
+    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
+
+    // The DN's drop-down list offers every DN and moves the profile only to a free one.
+    const auto choose = [&](int dnIndex, int choice) {
+        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
+        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
+        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
+        gui::PressKey(combo, VK_DOWN);
+        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
+        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(combo));
+        gui::PressKey(combo, VK_RETURN);
+        gui::Pump(editor);
+    };
+    choose(kDn80, kDn125);
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
+    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
+
+    EXPECT_FALSE(Answering([&] { choose(kDn100, kDn125); }).found);  // taken: nothing changes, nothing is said
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
 }
 
 using DnRange = OpenDialog<CQxDlgGetDN>;
