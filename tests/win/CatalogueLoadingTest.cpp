@@ -119,34 +119,11 @@ TEST_F(EditorOnFiles, EveryFieldSurvivesTheWorkingCopyTheSaveAndTheHandBackAndEn
     EXPECT_EQ(Summary(catalogue), fields);
 }
 
-// After a change leaving asks: Cancel stays, Yes saves without handing the list back. Escape
-// without a change leaves at once.
-TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) {
-    AddMaterial(catalogue, u"PE");
-    Open();
-    EditMaterial(*editor.WorkingList().Find(u"PE"),
-                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
-    EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
-    EXPECT_FALSE(editor.HasEnded());
-    EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
-    EXPECT_TRUE(editor.HasEnded());
-    EXPECT_TRUE(std::filesystem::exists(UserFile()));
-    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
-
-    editor.DestroyWindow();
-    Open();
-    MessageBoxWatcher none(kCaption, {IDCANCEL}, editor.Handle());
-    PressKey(editor.MaterialList().Handle(), VK_ESCAPE);
-    EXPECT_FALSE(none.Stop().found);
-    EXPECT_TRUE(editor.HasEnded());
-    EXPECT_EQ(editor.Result(), IDCANCEL);
-    EXPECT_FALSE(editor.IsVisible());
-}
-
 // OK while another program holds the catalogue open, without sharing or for reading only: the
-// message says why, the editor stays open and the caller's list as it was.
-// Once the file is let go OK saves, and the backup keeps the previous catalogue.
-TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenKeepsTheEditorOpenUntilItIsLetGo) {
+// message says why, the editor stays open and the caller's list as it was. Once the file is let go
+// OK saves, and the backup keeps the previous catalogue. After a change leaving asks: Cancel stays,
+// Yes saves without handing the list back. Escape without a change leaves at once.
+TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenWaitsUntilItIsLetGoAndLeavingAsksOnlyAfterAChange) {
     CWin32FileSystem files;
     CFileSystemScope installedFiles(files);
     AddMaterial(catalogue, u"PE");
@@ -178,6 +155,25 @@ TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenKeepsTheEditorOpenUntilItIsLe
     EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
     EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(editor.WorkingList()));
     EXPECT_EQ(FileBytes(std::filesystem::path(UserFile()) += ".bak"), before);
+
+    editor.DestroyWindow();
+    Open();
+    EditMaterial(*editor.WorkingList().Find(u"PE"),
+                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
+    EXPECT_FALSE(editor.HasEnded());
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(editor.WorkingList()));
+    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
+
+    editor.DestroyWindow();
+    Open();
+    MessageBoxWatcher none(kCaption, {IDCANCEL}, editor.Handle());
+    PressKey(editor.MaterialList().Handle(), VK_ESCAPE);
+    EXPECT_FALSE(none.Stop().found);
+    EXPECT_EQ(editor.Result(), IDCANCEL);
+    EXPECT_FALSE(editor.IsVisible());
 }
 
 }  // namespace
