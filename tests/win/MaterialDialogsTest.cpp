@@ -180,7 +180,7 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
 // into it: "..." renaming "Alfa" to "Zeta", with other fields and a rectangle. "Jiný" shows the
 // description dialog; cancelled, it leaves "Jiný" checked and the affixes as they were. The
 // selection follows the applied material: its fields, profiles and the columns of its new shape
-// show it, the profile "+" adds to it, and the codes typed before "..." were stored. The list has
+// show it, the profile "+" adds to it, and the code typed before "..." was stored. The list has
 // the focus, and typing there finds a material by its beginning. Growing the dialog widens the
 // list, the pane and the long texts by half the growth, the last column of each list taking it.
 TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsAndGrowingWidensTheLists) {
@@ -204,7 +204,6 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsA
                                           {IDC_USE_WATER, true}, {IDC_USE_GAS, true},       {IDC_USE_HEATING, false}};
     for (const auto& [id, checked] : boxes) EXPECT_EQ(Checked(id), checked) << id;
 
-    gui::SetText(Control(IDC_URS_INSTALL), u"I-Zeta");
     gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
     Click(IDC_MATERIAL_EDIT);
     gui::SetText(Control(IDC_NAME), u"Zeta");
@@ -232,7 +231,6 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsA
     EXPECT_EQ(stored.shape, ProfileShape::Rectangle);
     EXPECT_EQ(stored.descriptionMode, DescriptionMode::Custom);
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
-    EXPECT_EQ(ProfileAt(zeta, 10).UrsInstallCode(), u"I-Zeta");
     EXPECT_EQ(ProfileAt(zeta, 10).UrsMaterialCode(), u"M-Zeta");
     EXPECT_EQ(ShownNames(editor).back(), u"Zeta");
     EXPECT_EQ(SelectedName(), u"Zeta");
