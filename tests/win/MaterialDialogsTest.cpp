@@ -177,12 +177,13 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
 }
 
 // What a material holds shows in the fields, and what the fields show after an edit goes back
-// into it: "..." renaming "Alfa" to "Zeta", with other fields and a rectangle. "Jiný" shows the
-// description dialog; cancelled, it leaves "Jiný" checked and the affixes as they were. The
-// selection follows the applied material: its fields, profiles and the columns of its new shape
-// show it, the profile "+" adds to it, and the code typed before "..." was stored. The list has
-// the focus, and typing there finds a material by its beginning. Growing the dialog widens the
-// list, the pane and the long texts by half the growth, the last column of each list taking it.
+// into it: "..." renaming "Alfa" to "Zeta…" of 20 characters (the most a name may have), with other
+// fields and a rectangle. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked
+// and the affixes as they were. The selection follows the applied material: its fields, profiles
+// and the columns of its new shape show it, the profile "+" adds to it, and the code typed before
+// "..." was stored. The list has the focus, and typing there finds a material by its beginning.
+// Growing the dialog widens the list, the pane and the long texts by half the growth, the last
+// column of each list taking it.
 TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsAndGrowingWidensTheLists) {
     AddEveryShape(catalogue);
     EditMaterial(*catalogue.Find(u"Alfa"), [](MaterialExchangeRecord& record) {
@@ -206,7 +207,8 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsA
 
     gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
     Click(IDC_MATERIAL_EDIT);
-    gui::SetText(Control(IDC_NAME), u"Zeta");
+    const std::u16string zetaName = u"Zeta s dvaceti znaky";
+    gui::SetText(Control(IDC_NAME), zetaName);
     gui::SetText(Control(IDC_MANUFACTURER), u"Litina");
     SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, 0, 0);
     for (const int id : {IDC_USE_NETWORKS, IDC_USE_GAS, IDC_SHAPE_RECTANGLE}) Click(id);
@@ -220,7 +222,7 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsA
     EXPECT_TRUE(Checked(IDC_LABEL_CUSTOM));
     Click(IDC_MATERIAL_APPLY);
     ASSERT_EQ(editor.Mode(), EditMode::Browse);
-    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), u"Zeta");
+    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), zetaName);
     EXPECT_EQ(editor.WorkingList().Find(u"Alfa"), nullptr);
     const MaterialExchangeRecord stored = FieldsOf(zeta);
     EXPECT_EQ(stored.manufacturer, u"Litina");
@@ -232,9 +234,9 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsA
     EXPECT_EQ(stored.descriptionMode, DescriptionMode::Custom);
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
     EXPECT_EQ(ProfileAt(zeta, 10).UrsMaterialCode(), u"M-Zeta");
-    EXPECT_EQ(ShownNames(editor).back(), u"Zeta");
-    EXPECT_EQ(SelectedName(), u"Zeta");
-    EXPECT_EQ(Text(IDC_NAME), u"Zeta");
+    EXPECT_EQ(ShownNames(editor).back(), zetaName);
+    EXPECT_EQ(SelectedName(), zetaName);
+    EXPECT_EQ(Text(IDC_NAME), zetaName);
     EXPECT_EQ(PaneColumn(kInnerColumn).first, u"Výška");
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(zeta.Profiles().size(), 3u);
