@@ -130,11 +130,13 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
     ASSERT_EQ(editor.Mode(), EditMode::Copy);
     EXPECT_EQ(Text(IDC_NAME), u"PE");
     gui::SaveScreenshot(L"editor-copy");
+    editor.WorkingList().SetUnchanged(true);
     MessageBoxWatcher::Seen seen = ClickAnswering(IDC_MATERIAL_APPLY);
     EXPECT_EQ(seen.text, L"Tento název již existuje u jiného materiálu, možná jen není zobrazen\n(přepněte filtry)");
     EXPECT_NE(seen.icon, nullptr);
     EXPECT_EQ(editor.Mode(), EditMode::Copy);
     EXPECT_EQ(editor.WorkingList().Count(), 2u);
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
 
     gui::SetText(Control(IDC_NAME), u"PE kopie");
     Click(IDC_MATERIAL_APPLY);
