@@ -81,26 +81,34 @@ TEST_F(EditorOnFiles, LoadingTheStandardOrAPickedCatalogueJoinsOrClearsAndListsE
 }
 
 // Every field of every material survives the editor: its working copy, the file it saves and the
-// list it hands back. Opening and OK without a change writes nothing; after adding a material the
-// file read back and written without it is the original, byte for byte.
-TEST_F(EditorOnFiles, EveryFieldSurvivesTheWorkingCopyTheSaveAndTheHandBack) {
+// list it hands back. Opening and OK without a change writes nothing. Enter applies an edit (an
+// empty name is refused) and does not close the editor; OK drops an edit still open, saves the
+// changed catalogue and hands it back: read back and written without the added material, the file
+// is the original, byte for byte.
+TEST_F(EditorOnFiles, EveryFieldSurvivesTheWorkingCopyTheSaveAndTheHandBackAndEnterApplies) {
     CQvxSezMaterialu source;
     AddEveryShape(source);
     const Bytes original = WriteCatalogue(source);
     ReadCatalogue(catalogue, original);  // with file indexes
     const std::string fields = Summary(catalogue);
     Open();
-    EXPECT_EQ(Summary(editor.WorkingList()), fields);
     Click(IDOK);
     EXPECT_FALSE(std::filesystem::exists(UserFile()));
-    EXPECT_EQ(Summary(catalogue), fields);
 
     editor.DestroyWindow();
     Open();
     Click(IDC_MATERIAL_ADD);
+    ASSERT_EQ(GetFocus(), Control(IDC_NAME));
+    EXPECT_EQ(Answering([&] { PressKey(Control(IDC_NAME), VK_RETURN); }).text, L"Název nesmí být prázdný");
+    EXPECT_EQ(editor.Mode(), EditMode::Add);
     gui::SetText(Control(IDC_NAME), u"Nový");
-    Click(IDC_MATERIAL_APPLY);
+    PressKey(Control(IDC_NAME), VK_RETURN);
+    EXPECT_EQ(editor.Mode(), EditMode::Browse);
+    EXPECT_FALSE(editor.HasEnded());
+    Click(IDC_MATERIAL_ADD);
+    gui::SetText(Control(IDC_NAME), u"Otevřený");
     Click(IDOK);
+    EXPECT_EQ(editor.Result(), IDOK);
     CQvxSezMaterialu saved;
     ReadCatalogue(saved, FileBytes(UserFile()));
     ASSERT_TRUE(saved.RemoveMaterial(u"Nový"));
@@ -109,59 +117,11 @@ TEST_F(EditorOnFiles, EveryFieldSurvivesTheWorkingCopyTheSaveAndTheHandBack) {
     EXPECT_EQ(Summary(catalogue), fields);
 }
 
-// Enter applies an edit (an empty name is refused) and does not close the editor; OK drops an
-// edit still open, saves the changed catalogue and hands it back.
-TEST_F(EditorOnFiles, EnterAppliesOkDropsAnOpenEditAndSaves) {
-    AddMaterial(catalogue, u"PE");
-    Open();
-    Click(IDC_MATERIAL_ADD);
-    ASSERT_EQ(GetFocus(), Control(IDC_NAME));
-    EXPECT_EQ(Answering([&] { PressKey(Control(IDC_NAME), VK_RETURN); }).text, L"Název nesmí být prázdný");
-    EXPECT_EQ(editor.Mode(), EditMode::Add);
-    gui::SetText(Control(IDC_NAME), u"PVC");
-    PressKey(Control(IDC_NAME), VK_RETURN);
-    EXPECT_EQ(editor.Mode(), EditMode::Browse);
-    EXPECT_FALSE(editor.HasEnded());
-    ASSERT_NE(editor.WorkingList().Find(u"PVC"), nullptr);
-
-    Click(IDC_MATERIAL_ADD);
-    gui::SetText(Control(IDC_NAME), u"Nový");
-    Click(IDOK);
-    EXPECT_TRUE(editor.HasEnded());
-    EXPECT_EQ(editor.Result(), IDOK);
-    EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
-    EXPECT_EQ(catalogue.Find(u"Nový"), nullptr);
-    EXPECT_TRUE(std::filesystem::exists(UserFile()));
-}
-
-// After a change leaving asks: Cancel stays, Yes saves without handing the list back. Escape
-// without a change leaves at once.
-TEST_F(EditorOnFiles, LeavingAsksOnlyAfterAChangeAndYesSavesWithoutHandingBack) {
-    AddMaterial(catalogue, u"PE");
-    Open();
-    EditMaterial(*editor.WorkingList().Find(u"PE"),
-                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
-    EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
-    EXPECT_FALSE(editor.HasEnded());
-    EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
-    EXPECT_TRUE(editor.HasEnded());
-    EXPECT_TRUE(std::filesystem::exists(UserFile()));
-    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
-
-    editor.DestroyWindow();
-    Open();
-    MessageBoxWatcher none(kCaption, {IDCANCEL}, editor.Handle());
-    PressKey(editor.MaterialList().Handle(), VK_ESCAPE);
-    EXPECT_FALSE(none.Stop().found);
-    EXPECT_TRUE(editor.HasEnded());
-    EXPECT_EQ(editor.Result(), IDCANCEL);
-    EXPECT_FALSE(editor.IsVisible());
-}
-
 // OK while another program holds the catalogue open, without sharing or for reading only: the
-// message says why, the editor stays open and the caller's list as it was.
-// Once the file is let go OK saves, and the backup keeps the previous catalogue.
-TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenKeepsTheEditorOpenUntilItIsLetGo) {
+// message says why, the editor stays open and the caller's list as it was. Once the file is let go
+// OK saves, and the backup keeps the previous catalogue. After a change leaving asks: Cancel stays,
+// Yes saves without handing the list back. Escape without a change leaves at once.
+TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenWaitsUntilItIsLetGoAndLeavingAsksOnlyAfterAChange) {
     CWin32FileSystem files;
     CFileSystemScope installedFiles(files);
     AddMaterial(catalogue, u"PE");
@@ -193,6 +153,25 @@ TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenKeepsTheEditorOpenUntilItIsLe
     EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
     EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(editor.WorkingList()));
     EXPECT_EQ(FileBytes(std::filesystem::path(UserFile()) += ".bak"), before);
+
+    editor.DestroyWindow();
+    Open();
+    EditMaterial(*editor.WorkingList().Find(u"PE"),
+                 [](MaterialExchangeRecord& record) { record.manufacturer = u"Plasty"; });
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDCANCEL).text, L"Uložit provedené změny do souboru?");
+    EXPECT_FALSE(editor.HasEnded());
+    EXPECT_EQ(ClickAnswering(IDCANCEL, IDYES).text, L"Uložit provedené změny do souboru?");
+    EXPECT_TRUE(editor.HasEnded());
+    EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(editor.WorkingList()));
+    EXPECT_EQ(catalogue.Find(u"PE")->Manufacturer(), u"");  // the caller's list is as it was
+
+    editor.DestroyWindow();
+    Open();
+    MessageBoxWatcher none(kCaption, {IDCANCEL}, editor.Handle());
+    PressKey(editor.MaterialList().Handle(), VK_ESCAPE);
+    EXPECT_FALSE(none.Stop().found);
+    EXPECT_EQ(editor.Result(), IDCANCEL);
+    EXPECT_FALSE(editor.IsVisible());
 }
 
 }  // namespace

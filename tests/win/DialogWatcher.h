@@ -112,9 +112,3 @@ private:
     std::vector<Seen> seen_;
     DialogWatcher watcher_;  // last: its thread may fill seen_ at once
 };
-
-// Answers a task dialog by pressing the button of `buttonId`.
-struct TaskDialogWatcher : MessageBoxWatcher {
-    TaskDialogWatcher(std::wstring title, int buttonId)
-        : MessageBoxWatcher(std::move(title), {buttonId}, nullptr, TDM_CLICK_BUTTON) {}
-};

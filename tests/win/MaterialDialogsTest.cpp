@@ -8,28 +8,66 @@
 #include "_Velmora/ProfileEditRules.h"
 #include "support/FakeRegistryValues.h"
 #include "support/TempFolder.h"
+#include "support/ThrownText.h"
 #include "win/MaterialEditorHarness.h"
 
 namespace {
 
 using namespace material_dialogs;
 
-// An empty catalogue offers only adding and loading; cancelling the file dialog changes nothing. A
-// new material starts from the defaults with every usage box checked; the last box of a group
-// cannot be cleared, and the balloon saying so stands on "Název:".
-TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaultsAndLoading) {
+// Opening lists every material, sorted without regard to case ("kanál" before "Plynovod"), with the
+// radios showing the caller's filter; a radio lists by both masks, row 0 current even when it lists
+// none. With no material current (a filter listing none, "+" or "%" cancelled, every row deleted)
+// the fields show a new material's defaults, the profile pane is empty, its commands and code edits
+// are disabled, and a command sent anyway shows nothing. Cancelling the file dialog changes nothing.
+// A new material starts with every usage box checked; the last box of a group cannot be cleared,
+// and the balloon saying so stands on "Název:".
+TEST_F(MaterialEditor, FilterRadiosListByBothMasksAndNoMaterialCurrentShowsANewMaterialsDefaults) {
+    AddUsedFor(catalogue, u"kanál a voda", 3, kMediumSewage | kMediumWater);
+    AddUsedFor(catalogue, u"Plynovod", 2, kMediumGas);
+    filter = {kPlacementAll, kMediumWater};
     Open();
-    EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
+    EXPECT_EQ(ShownNames(editor), (Names{u"kanál a voda", u"Plynovod"}));
+    EXPECT_TRUE(Checked(IDC_FILTER_WATER));
+    EXPECT_TRUE(Checked(IDC_SCOPE_ALL));
     EXPECT_TRUE(ClickShowing(IDC_LOAD_FILE, L"Vyhledej soubor pro načtení katalogu potrubí", [](HWND picker) {
         Sleep(500);  // let it draw for the picture
         gui::SaveScreenshot(L"file-open");
         PostMessageW(picker, WM_COMMAND, IDCANCEL, 0);
     }));
-    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
+    EXPECT_EQ(editor.WorkingList().Count(), 2u);
+    Click(IDC_SCOPE_ZTI);
+    EXPECT_EQ(ShownNames(editor), (Names{u"kanál a voda"}));
+
+    const auto expectNothingShown = [&](const char* when) {
+        editor.Send(WM_COMMAND, MAKEWPARAM(IDC_PROFILE_ADD, BN_CLICKED), 0);
+        EXPECT_EQ(Text(IDC_NAME) + SelectedName(), u"") << when;
+        EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.01") << when;
+        EXPECT_EQ(editor.ProfilePane().GetCount(), 0) << when;
+        EXPECT_TRUE(messages.shown.empty()) << when;
+        for (const int id : {IDC_PROFILE_ADD, IDC_PROFILE_DELETE_ALL, IDC_URS_MATERIAL, CTreeListCtrl::kControlId}) {
+            EXPECT_FALSE(IsWindowEnabled(Control(id))) << when << id;
+        }
+    };
+    Click(IDC_FILTER_HEATING);
+    expectNothingShown("a filter listing none");
+    EXPECT_EQ(editor.CurrentIndex(), 0);
+    Click(IDC_FILTER_ALL);
+    Click(IDC_MATERIAL_ADD);
+    gui::SetText(Control(IDC_NAME), u"Kamenina");
+    Click(IDC_MATERIAL_REVERT);
+    expectNothingShown("\"+\" cancelled");
+    EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
+    SelectRowOf(u"kanál a voda");
+    Click(IDC_MATERIAL_COPY);
+    PressKey(Control(IDC_NAME), VK_ESCAPE);
+    expectNothingShown("\"%\" cancelled");
+    EXPECT_EQ(editor.WorkingList().Count(), 2u);
+    SelectRowOf(u"kanál a voda");
+    Click(IDC_MATERIAL_DELETE);
+    expectNothingShown("every row deleted");
     for (const int id : {IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT}) Click(id);
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
-    EXPECT_FALSE(IsWindowVisible(Control(IDC_MATERIAL_APPLY)));
-    EXPECT_FALSE(IsWindowEnabled(Control(IDC_NAME)));
 
     Click(IDC_MATERIAL_ADD);
     EXPECT_EQ(editor.Mode(), EditMode::Add);
@@ -39,11 +77,7 @@ TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaults
          {IDC_MATERIAL_LIST, IDC_FILTER_ALL, IDC_LOAD_FILE, IDC_URS_MATERIAL, CTreeListCtrl::kControlId}) {
         EXPECT_FALSE(IsWindowEnabled(Control(id))) << id;
     }
-    for (const int id : {IDC_NAME, IDC_DISPLAY_NAME, IDC_MANUFACTURER, IDC_DESCRIPTION}) EXPECT_EQ(Text(id), u"") << id;
-    EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.01");
-    EXPECT_EQ(Text(IDC_PN), u"---");
     EXPECT_TRUE(Checked(IDC_LABEL_DXT));
-    EXPECT_TRUE(Checked(IDC_SHAPE_CIRCLE));
     for (int id = IDC_USE_ZTI; id <= IDC_USE_HEATING; ++id) EXPECT_TRUE(Checked(id)) << id;
     Click(IDC_USE_ZTI);
     EXPECT_FALSE(Checked(IDC_USE_ZTI));
@@ -51,11 +85,16 @@ TEST_F(MaterialEditor, EmptyCatalogueOffersOnlyAddingANewMaterialFromTheDefaults
     EXPECT_TRUE(Checked(IDC_USE_NETWORKS));
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Pro něco ten materiál určen být musí");
 
+    // A drop-down left without a choice refuses the new material with the exception box.
     gui::SetText(Control(IDC_NAME), u"Kamenina");
-    Click(IDC_MATERIAL_REVERT);
-    EXPECT_EQ(editor.Mode(), EditMode::Browse);
-    EXPECT_EQ(Text(IDC_NAME), u"");
-    EXPECT_EQ(editor.WorkingList().Count(), 0u);
+    SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Click(IDC_MATERIAL_APPLY);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text, MaterialError(u"SDR nebo PN nenalezeno v seznamu ", 224));
+    EXPECT_EQ(editor.WorkingList().Find(u"Kamenina"), nullptr);
+    SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, 0, 0);
+    Click(IDC_MATERIAL_APPLY);
+    EXPECT_EQ(MaterialNamed(editor.WorkingList(), u"Kamenina").Placement(), kPlacementNetworks);
 }
 
 // Screen readers name each field by the label standing directly before it (which makes the tab
@@ -78,34 +117,9 @@ TEST_F(MaterialEditor, LabelsComeDirectlyBeforeTheirControlsAndIconButtonsHaveCa
     for (const auto& [id, caption] : captions) EXPECT_EQ(Text(id), caption);
 }
 
-// The rows are sorted by name without regard to case ("kanál" before "Plynovod").
-TEST_F(MaterialEditor, FilterRadiosListByBothMasksSortedCaseBlind) {
-    AddUsedFor(catalogue, u"kanál a voda", 3, kMediumSewage | kMediumWater);
-    AddUsedFor(catalogue, u"Plynovod", 2, kMediumGas);
-    filter = {kPlacementAll, kMediumWater};
-    Open();
-    // Opening lists everything; the radios show the caller's filter.
-    EXPECT_EQ(ShownNames(editor), (Names{u"kanál a voda", u"Plynovod"}));
-    EXPECT_TRUE(Checked(IDC_FILTER_WATER));
-    EXPECT_TRUE(Checked(IDC_SCOPE_ALL));
-
-    const std::pair<int, std::vector<std::u16string>> cases[] = {
-        {IDC_FILTER_SEWAGE, {u"kanál a voda"}}, {IDC_FILTER_WATER, {u"kanál a voda"}},
-        {IDC_FILTER_GAS, {u"Plynovod"}},        {IDC_FILTER_ALL, {u"kanál a voda", u"Plynovod"}},
-        {IDC_SCOPE_ZTI, {u"kanál a voda"}},
-    };
-    for (const auto& [radio, shown] : cases) {
-        Click(radio);
-        EXPECT_EQ(ShownNames(editor), shown) << radio;
-        EXPECT_EQ(editor.CurrentIndex(), 0);
-    }
-    Click(IDC_FILTER_HEATING);  // nothing for heating: the pane is empty, the current row still 0
-    EXPECT_EQ(editor.MaterialList().GetItemCount(), 0);
-    EXPECT_EQ(editor.CurrentIndex(), 0);
-}
-
-// A copy needs a new name and a rename one of no other material; a used material is not deleted,
-// and nothing is said.
+// A copy needs a new name and takes the profiles as its own; a rename needs one of no other
+// material and of at most 20 characters, its own name is accepted as a change. Refusals leave the
+// list as it was. A used material is not deleted, and nothing is said.
 TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) {
     AddUsedFor(catalogue, u"PE", 3, 31).AddProfile(11);
     AddUsedFor(catalogue, u"PVC", 3, 31);
@@ -116,15 +130,20 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
     ASSERT_EQ(editor.Mode(), EditMode::Copy);
     EXPECT_EQ(Text(IDC_NAME), u"PE");
     gui::SaveScreenshot(L"editor-copy");
+    editor.WorkingList().SetUnchanged(true);
     MessageBoxWatcher::Seen seen = ClickAnswering(IDC_MATERIAL_APPLY);
     EXPECT_EQ(seen.text, L"Tento název již existuje u jiného materiálu, možná jen není zobrazen\n(přepněte filtry)");
     EXPECT_NE(seen.icon, nullptr);
     EXPECT_EQ(editor.Mode(), EditMode::Copy);
+    EXPECT_EQ(editor.WorkingList().Count(), 2u);
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
 
     gui::SetText(Control(IDC_NAME), u"PE kopie");
     Click(IDC_MATERIAL_APPLY);
     EXPECT_EQ(editor.Mode(), EditMode::Browse);
-    EXPECT_EQ(MaterialNamed(editor.WorkingList(), u"PE kopie").Profiles().size(), 1u);
+    const CQvxMaterial& copy = MaterialNamed(editor.WorkingList(), u"PE kopie");
+    EXPECT_EQ(copy.Profiles().size(), 1u);
+    EXPECT_NE(copy.FindProfile(11), editor.WorkingList().Find(u"PE")->FindProfile(11));
     EXPECT_EQ(ShownNames(editor), (Names{u"PE", u"PE kopie", u"PVC"}));
     EXPECT_EQ(catalogue.Count(), 2u);  // the caller's list waits for OK
 
@@ -135,6 +154,10 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
     EXPECT_EQ(seen.text, L"Tento název již existuje u jiného materiálu");
     EXPECT_EQ(seen.icon, nullptr);
     EXPECT_EQ(editor.Mode(), EditMode::Edit);
+    gui::SetText(Control(IDC_NAME), u"123456789012345678901");  // pasted past the limit
+    Click(IDC_MATERIAL_APPLY);
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text, MaterialError(u"Příliš dlouhý název", 202));
 
     gui::SetText(Control(IDC_NAME), u"PE");  // its own name
     editor.WorkingList().SetUnchanged(true);
@@ -156,10 +179,16 @@ TEST_F(MaterialEditor, CopyNeedsANewNameRenamesAreCheckedAndAUsedMaterialStays) 
 }
 
 // What a material holds shows in the fields, and what the fields show after an edit goes back
-// into it. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked and the
-// affixes as they were.
-TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
-    EditMaterial(AddMaterial(catalogue, u"PE"), [](MaterialExchangeRecord& record) {
+// into it: "..." renaming "Alfa" to "Zeta…" of 20 characters (the most a name may have), with other
+// fields and a rectangle. "Jiný" shows the description dialog; cancelled, it leaves "Jiný" checked
+// and the affixes as they were. The selection follows the applied material: its fields, profiles
+// and the columns of its new shape show it, the profile "+" adds to it, and the code typed before
+// "..." was stored. The list has the focus, and typing there finds a material by its beginning.
+// Growing the dialog widens the list, the pane and the long texts by half the growth, the last
+// column of each list taking it.
+TEST_F(MaterialEditor, FieldsShowTheMaterialAnEditStoresThemTheSelectionFollowsAndGrowingWidensTheLists) {
+    AddEveryShape(catalogue);
+    EditMaterial(*catalogue.Find(u"Alfa"), [](MaterialExchangeRecord& record) {
         record.prefix = u"d";
         record.suffix = u"mm";
         record.manufacturer = u"Plasty";
@@ -178,7 +207,10 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
                                           {IDC_USE_WATER, true}, {IDC_USE_GAS, true},       {IDC_USE_HEATING, false}};
     for (const auto& [id, checked] : boxes) EXPECT_EQ(Checked(id), checked) << id;
 
+    gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
     Click(IDC_MATERIAL_EDIT);
+    const std::u16string zetaName = u"Zeta s dvaceti znaky";
+    gui::SetText(Control(IDC_NAME), zetaName);
     gui::SetText(Control(IDC_MANUFACTURER), u"Litina");
     SendDlgItemMessageW(editor.Handle(), IDC_PN, CB_SETCURSEL, 0, 0);
     for (const int id : {IDC_USE_NETWORKS, IDC_USE_GAS, IDC_SHAPE_RECTANGLE}) Click(id);
@@ -192,7 +224,9 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_TRUE(Checked(IDC_LABEL_CUSTOM));
     Click(IDC_MATERIAL_APPLY);
     ASSERT_EQ(editor.Mode(), EditMode::Browse);
-    const MaterialExchangeRecord stored = FieldsOf(*editor.WorkingList().Find(u"PE"));
+    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), zetaName);
+    EXPECT_EQ(editor.WorkingList().Find(u"Alfa"), nullptr);
+    const MaterialExchangeRecord stored = FieldsOf(zeta);
     EXPECT_EQ(stored.manufacturer, u"Litina");
     EXPECT_EQ(stored.pnIndex, 0);
     EXPECT_EQ(stored.sdrIndex, 3);
@@ -201,29 +235,10 @@ TEST_F(MaterialEditor, FieldsShowTheMaterialAndAnEditStoresThem) {
     EXPECT_EQ(stored.shape, ProfileShape::Rectangle);
     EXPECT_EQ(stored.descriptionMode, DescriptionMode::Custom);
     EXPECT_EQ(stored.prefix + stored.suffix, u"dmm");
-}
-
-// "..." renaming "Alfa" to "Zeta": the selection follows it, the fields, profiles and columns of
-// its new shape show it, the profile "+" adds to it and "Ulož.." stored the codes typed before.
-// The list has the focus, and typing there finds a material by its beginning. Growing the dialog
-// widens the list, the pane and the long texts by half the growth, the last column of each list
-// taking it.
-TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialTypingFindsOneAndGrowingWidensTheLists) {
-    AddEveryShape(catalogue);
-    Open();
-    SelectRowOf(u"Alfa");
-    gui::SetText(Control(IDC_URS_INSTALL), u"I-Zeta");
-    gui::SetText(Control(IDC_URS_MATERIAL), u"M-Zeta");
-    Click(IDC_MATERIAL_EDIT);
-    gui::SetText(Control(IDC_NAME), u"Zeta");
-    Click(IDC_SHAPE_RECTANGLE);
-    Click(IDC_MATERIAL_APPLY);
-    const CQvxMaterial& zeta = MaterialNamed(editor.WorkingList(), u"Zeta");
-    EXPECT_EQ(ProfileAt(zeta, 10).UrsInstallCode(), u"I-Zeta");
     EXPECT_EQ(ProfileAt(zeta, 10).UrsMaterialCode(), u"M-Zeta");
-    EXPECT_EQ(ShownNames(editor).back(), u"Zeta");
-    EXPECT_EQ(SelectedName(), u"Zeta");
-    EXPECT_EQ(Text(IDC_NAME), u"Zeta");
+    EXPECT_EQ(ShownNames(editor).back(), zetaName);
+    EXPECT_EQ(SelectedName(), zetaName);
+    EXPECT_EQ(Text(IDC_NAME), zetaName);
     EXPECT_EQ(PaneColumn(kInnerColumn).first, u"Výška");
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(zeta.Profiles().size(), 3u);
@@ -248,39 +263,6 @@ TEST_F(MaterialEditor, SelectionFollowsTheAppliedMaterialTypingFindsOneAndGrowin
                  SWP_NOMOVE | SWP_NOZORDER);
     const std::vector<int> after = widths();
     for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i] - before[i], 100) << i;
-}
-
-// With no material current the fields show a new material's defaults, the profile pane is empty,
-// its commands and code edits are disabled, and a command sent anyway shows nothing.
-TEST_F(MaterialEditor, NoMaterialCurrentShowsNothingAndDisablesTheProfileCommands) {
-    AddEveryShape(catalogue);
-    Open();
-    const auto expectNothingShown = [&](const char* when) {
-        editor.Send(WM_COMMAND, MAKEWPARAM(IDC_PROFILE_ADD, BN_CLICKED), 0);
-        EXPECT_EQ(Text(IDC_NAME) + SelectedName(), u"") << when;
-        EXPECT_EQ(Text(IDC_ROUGHNESS), u"0.01") << when;
-        EXPECT_EQ(editor.ProfilePane().GetCount(), 0) << when;
-        EXPECT_TRUE(messages.shown.empty()) << when;
-        for (const int id : {IDC_PROFILE_ADD, IDC_PROFILE_DELETE_ALL, IDC_URS_MATERIAL, CTreeListCtrl::kControlId}) {
-            EXPECT_FALSE(IsWindowEnabled(Control(id))) << when << id;
-        }
-    };
-    Click(IDC_FILTER_WATER);
-    expectNothingShown("a filter listing none");
-    Click(IDC_FILTER_ALL);
-    Click(IDC_MATERIAL_ADD);
-    Click(IDC_MATERIAL_REVERT);
-    expectNothingShown("\"+\" cancelled");
-    EXPECT_EQ(GetFocus(), editor.MaterialList().Handle());
-    SelectRowOf(u"Beta");
-    Click(IDC_MATERIAL_COPY);
-    PressKey(Control(IDC_NAME), VK_ESCAPE);
-    expectNothingShown("\"%\" cancelled");
-    while (editor.MaterialList().GetItemCount() > 0) {
-        SelectRowOf(ShownNames(editor).front());
-        Click(IDC_MATERIAL_DELETE);
-    }
-    expectNothingShown("every material deleted");
 }
 
 TEST_F(MaterialSelection, ProfileIsRequiredWhenAskedFor) {

@@ -86,15 +86,17 @@ LRESULT CALLBACK Overhear(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
-TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAreStored) {
+// "+" takes the next free DN from the selected profile's on; with the series full it starts over
+// from the first only when asked. The price-list codes are stored, each in its field, when the
+// selection moves on; the 10th character is refused with the balloon, never with an exception box.
+// Generating replaces every profile. Deleting moves the selection on (back from the last row); a
+// used profile stays. Other shapes than the circle take a width.
+TEST_F(ProfilePaneEditor, AddGenerateAndDeleteProfilesAndStoreTheirCodes) {
     CQvxMaterial& pe = OpenWith({3, 4});
     SelectProfile(3);
     Click(IDC_PROFILE_ADD);
     EXPECT_EQ(RowDns(), (std::vector<int>{3, 4, 5}));
-    EXPECT_NE(pe.FindProfile(5), nullptr);
 
-    // The price-list codes are stored, each in its field, when the selection moves on; the 10th
-    // character is refused with the balloon, never with an exception box.
     SelectProfile(3);
     gui::SetText(Control(IDC_URS_INSTALL), u"M1");
     gui::SetText(Control(IDC_URS_MATERIAL), u"K123");
@@ -112,10 +114,14 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAr
     EXPECT_EQ(pe.FindProfile(4)->UrsMaterialCode(), u"012345678");
     EXPECT_EQ(Text(IDC_URS_MATERIAL), u"K123");
 
-    // Selecting the row again refills the pane before the old rows could be drawn.
-    pe.GenerateSeries(0, kDnCount - 1);
-    ReselectFirstMaterial();
+    ASSERT_TRUE(ClickShowing(IDC_PROFILE_GENERATE, L"Výběr rozsahu DN", [](HWND range) {  // offering every DN
+        Sleep(300);  // let it draw for the picture
+        gui::SaveScreenshot(L"dn-range");
+        PostMessageW(range, WM_COMMAND, IDOK, 0);
+    }));
     ASSERT_EQ(RowDns().size(), 28u);
+    EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"");  // a new profile
+    gui::SaveScreenshot(L"profiles-circle");
     EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
     SelectProfile(20);
     {
@@ -125,77 +131,40 @@ TEST_F(ProfilePaneEditor, AddTakesTheNextFreeDnStartsOverOnlyWhenAskedAndCodesAr
                                                             L"Nelze přidat již další DN !!"}));
     }
     EXPECT_EQ(pe.Profiles().size(), 28u);
-}
 
-// The cell's editor starts from the owner's text and checks as it is typed; the owner refuses a
-// number outside the DN's band. Enter and a click elsewhere commit, Escape discards.
-TEST_F(ProfilePaneEditor, CellEditsKeepTheDnBandAndADnMovesOnlyToAFreeOne) {
-    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
-    CQvxProfil& dn100 = *pe.FindProfile(kDn100);
-    dn100.SetDimensions(100, 5);
-    editor.WorkingList().SetUnchanged(true);
+    SelectProfile(kDn100);
+    Click(IDC_PROFILE_DELETE);
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn125);
+    SelectProfile(kDnCount - 1);
+    Click(IDC_PROFILE_DELETE);  // the last row: the selection goes back to the new last one
+    EXPECT_EQ(DnOf(Pane().GetSelection()), kDnCount - 2);
+    EXPECT_EQ(RowDns().size(), 26u);
 
-    const HWND cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
-    EXPECT_EQ(startText, u"100.0");
-    EXPECT_TRUE(IsWindowVisible(cellEditor));  // refused: the edit stays open
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadaný průměr neodpovídá zadanému DN, nejprve změňte DN");
-    gui::SetText(cellEditor, u"");
-    gui::Type(cellEditor, u"72,");  // a comma is a point; a trailing point is no number yet
-    EXPECT_EQ(gui::Text(cellEditor), u"72.");
-    EXPECT_EQ(gui::ReadEditColours(Pane().Handle(), cellEditor).background, RGB(255, 255, 160));
-    gui::PressKey(cellEditor, VK_RETURN);
-    EXPECT_TRUE(IsWindowVisible(cellEditor));
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
-    EXPECT_EQ(CTreeListCtrl::InPlaceEdit().Title(), u"Chybný vstup");
-    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 100);
-    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
+    CQvxProfil* user = nullptr;
+    pe.FindProfile(kDnCount - 2)->Users().Register(&user);
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE).text, L"Profil je používán, nelze jej vymazat");
+    pe.FindProfile(kDnCount - 2)->Users().Clear();
 
-    gui::Type(cellEditor, u"5");
-    const RECT row = RowRect(kDn80);
-    POINT point{(row.left + row.right) / 2, (row.top + row.bottom) / 2};
-    ClientToScreen(Pane().Handle(), &point);
-    gui::RealClick(point);
-    gui::Pump(editor, 100);
-    EXPECT_FALSE(IsWindowVisible(cellEditor));
-    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
-    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
-    EXPECT_FLOAT_EQ(dn100.OuterDiameter(), 110);
-    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // the owner still supplies the text
-    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
+    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE_ALL, IDYES).text,
+              L"Opravdu vymazat všechny profily?\ntento krok je nevratný");
+    EXPECT_TRUE(pe.Profiles().empty());
+    EXPECT_EQ(Pane().GetCount(), 0);
 
-    TypeIntoCell(kDn100, kWallColumn, u"55");
-    EXPECT_EQ(gui::FindVisibleBalloon().text, u"OD - 2x stěna je menší než 0, trubka nemá díru");
-    gui::PressKey(Editor(), VK_ESCAPE);
-    EXPECT_FALSE(IsWindowVisible(Editor()));
-    EXPECT_FLOAT_EQ(dn100.Wall(), 18.75f);
-
-    // The DN's drop-down list offers every DN and moves the profile only to a free one.
-    const auto choose = [&](int dnIndex, int choice) {
-        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
-        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
-        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
-        gui::PressKey(combo, VK_DOWN);
-        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
-        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
-        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
-        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(combo));
-        gui::PressKey(combo, VK_RETURN);
-        gui::Pump(editor);
-    };
-    choose(kDn80, kDn125);
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
-    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
-
-    EXPECT_FALSE(Answering([&] { choose(kDn100, kDn125); }).found);  // taken: nothing changes, nothing is said
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
+    // (The working copy does not take the shape over from the caller's list: it is set there.)
+    pe.AddProfile(kDn100);
+    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
+    ReselectFirstMaterial();
+    TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
+    EXPECT_EQ(pe.FindProfile(kDn100)->Width(), 1600);
+    gui::SaveScreenshot(L"profiles-rectangle");
 }
 
 // However an edit of a number cell ends, the editor hears of it in order; the end record is marked
 // changed only for a text unlike the cell's. Tab goes on to the next control. A text that is no
-// number keeps the editor open and focused with its balloon when the focus leaves it.
-TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLeaveByArrowsOrTab) {
-    const CQvxProfil& dn100 = *OpenWith({kDn80, kDn100}).FindProfile(kDn100);
+// number keeps the editor open, focused and coloured, with its balloon, when the focus leaves it.
+TEST_F(ProfilePaneEditor, CellEditsReportInOrderStartByTypingLeaveByArrowsOrTabAndKeepTheDnBand) {
+    CQvxMaterial& pe = OpenWith({kDn80, kDn100});
+    CQvxProfil& dn100 = *pe.FindProfile(kDn100);
     SetWindowSubclass(editor.Handle(), Overhear, 1, 0);
     const std::tuple<std::u16string, UINT, const char*, UINT> endings[] = {
         // typed over the text, key (0: the focus goes to the material list), heard, end mask
@@ -218,6 +187,8 @@ TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLea
     }
     EXPECT_EQ(GetFocus(), cellEditor);  // taken back from the list
     EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadejte desetinné číslo");
+    EXPECT_EQ(CTreeListCtrl::InPlaceEdit().Title(), u"Chybný vstup");
+    EXPECT_EQ(gui::ReadEditColours(Pane().Handle(), cellEditor).background, RGB(255, 255, 160));
     gui::Pump(editor, 100);  // the header paints for the picture
     gui::SaveScreenshot(L"profiles-cell-editor");
     gui::PressKey(cellEditor, VK_ESCAPE);
@@ -266,47 +237,51 @@ TEST_F(ProfilePaneEditor, CellEditsReportInOrderWithTrueMarksStartByTypingAndLea
     EXPECT_NE(picture.Pixel(wallRight - 1, middle - 4), GetSysColor(COLOR_WINDOW));     // the column's grid line
     EXPECT_NE(picture.Pixel(wallLeft + 8, row.bottom - 1), GetSysColor(COLOR_WINDOW));  // the row's grid line
     EXPECT_NE(picture.Pixel(wallLeft - 5, middle), face);                               // the neighbour is not selected
-}
 
-TEST_F(ProfilePaneEditor, GenerateReplacesEveryProfileDeleteMovesTheSelectionAndOtherShapesShowHeightAndWidth) {
-    CQvxMaterial& pe = OpenWith({3, 4, 20});
-    ASSERT_TRUE(ClickShowing(IDC_PROFILE_GENERATE, L"Výběr rozsahu DN", [](HWND range) {
-        SendDlgItemMessageW(range, IDC_DN_FROM, CB_SETCURSEL, kDn80, 0);
-        SendDlgItemMessageW(range, IDC_DN_TO, CB_SETCURSEL, kDn125, 0);
-        Sleep(300);  // let it draw for the picture
-        gui::SaveScreenshot(L"dn-range");
-        PostMessageW(range, WM_COMMAND, IDOK, 0);
-    }));
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn80, kDn100, kDn125}));
-    EXPECT_EQ(pe.Profiles().size(), 3u);  // the old ones are gone from the material too
-    gui::SaveScreenshot(L"profiles-circle");
-
-    SelectProfile(kDn100);
-    Click(IDC_PROFILE_DELETE);
-    EXPECT_EQ(RowDns(), (std::vector<int>{kDn80, kDn125}));
-    EXPECT_EQ(DnOf(Pane().GetSelection()), kDn125);
-    Click(IDC_PROFILE_DELETE);  // the last row: the selection goes back to the new last one
+    // The cell's editor starts from the owner's text and takes a comma as a point; the owner refuses
+    // a number outside the DN's band. A click elsewhere commits.
+    dn100.SetDimensions(100, 5);
+    editor.WorkingList().SetUnchanged(true);
+    cellEditor = TypeIntoCell(kDn100, kInnerColumn, u"72");
+    EXPECT_EQ(startText, u"100.0");
+    EXPECT_TRUE(IsWindowVisible(cellEditor));  // refused: the edit stays open
+    EXPECT_EQ(gui::FindVisibleBalloon().text, u"Zadaný průměr neodpovídá zadanému DN, nejprve změňte DN");
+    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 100);
+    EXPECT_TRUE(editor.WorkingList().IsUnchanged());
+    gui::SetText(cellEditor, u"");
+    gui::Type(cellEditor, u"72,5");
+    EXPECT_EQ(gui::Text(cellEditor), u"72.5");
+    const RECT dn80 = RowRect(kDn80);
+    POINT point{(dn80.left + dn80.right) / 2, (dn80.top + dn80.bottom) / 2};
+    ClientToScreen(Pane().Handle(), &point);
+    gui::RealClick(point);
+    gui::Pump(editor, 100);
+    EXPECT_FALSE(IsWindowVisible(cellEditor));
     EXPECT_EQ(DnOf(Pane().GetSelection()), kDn80);
+    EXPECT_FLOAT_EQ(dn100.InnerDiameter(), 72.5f);
+    EXPECT_EQ(Pane().CellText(RowOf(kDn100), kInnerColumn), u"");  // the owner still supplies the text
+    EXPECT_FALSE(editor.WorkingList().IsUnchanged());
 
-    CQvxProfil* user = nullptr;
-    pe.FindProfile(kDn80)->Users().Register(&user);
-    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE).text, L"Profil je používán, nelze jej vymazat");
-    pe.FindProfile(kDn80)->Users().Clear();
+    // The DN's drop-down list offers every DN and moves the profile only to a free one.
+    const auto choose = [&](int dnIndex, int choice) {
+        const HWND combo = Pane().EditLabel(RowOf(dnIndex), AutomaticEditArgument(kDnColumn));
+        EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), kDnCount);
+        EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), dnIndex);
+        gui::PressKey(combo, VK_DOWN);
+        EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+        SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(choice), 0);
+        SendMessageW(Pane().Handle(), WM_COMMAND, MAKEWPARAM(kInPlaceEditorId, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(combo));
+        gui::PressKey(combo, VK_RETURN);
+        gui::Pump(editor);
+    };
+    choose(kDn80, kDn125);
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
+    EXPECT_FLOAT_EQ(pe.FindProfile(kDn125)->InnerDiameter(), 125);
 
-    EXPECT_EQ(ClickAnswering(IDC_PROFILE_DELETE_ALL, IDYES).text,
-              L"Opravdu vymazat všechny profily?\ntento krok je nevratný");
-    EXPECT_TRUE(pe.Profiles().empty());
-    EXPECT_EQ(Pane().GetCount(), 0);
-
-    // Other shapes than the circle show height and width. (The working copy does not take the
-    // shape over from the caller's list: it is set there.)
-    pe.AddProfile(kDn100);
-    EditMaterial(pe, [](MaterialExchangeRecord& record) { record.shape = ProfileShape::Rectangle; });
-    ReselectFirstMaterial();
-    EXPECT_EQ(PaneColumn(kInnerColumn).first, u"Výška");
-    TypeIntoCell(kDn100, kWidthColumn, u"1600.4");
-    EXPECT_EQ(pe.FindProfile(kDn100)->Width(), 1600);
-    gui::SaveScreenshot(L"profiles-rectangle");
+    EXPECT_FALSE(Answering([&] { choose(kDn100, kDn125); }).found);  // taken: nothing changes, nothing is said
+    EXPECT_EQ(RowDns(), (std::vector<int>{kDn100, kDn125}));
 }
 
 using DnRange = OpenDialog<CQxDlgGetDN>;

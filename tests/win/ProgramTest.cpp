@@ -70,11 +70,11 @@ TEST(Program, FirstRunMakesTheUsersCatalogueAndClosingTheEditorEndsIt) {
     const std::wstring userCatalogue = dataFolder + L"\\Velmora\\Potrubi.qxp";
     ASSERT_EQ(GetFileAttributesW(userCatalogue.c_str()), INVALID_FILE_ATTRIBUTES);
 
-    TaskDialogWatcher firstRun(L"Materiály potrubí", IDOK);
+    MessageBoxWatcher firstRun(L"Materiály potrubí", {IDOK}, nullptr, TDM_CLICK_BUTTON);
     StartedProgram program(FromEnvironment(L"VELMORA_PROGRAM"));
     ASSERT_TRUE(program.started);
 
-    const TaskDialogWatcher::Seen& seen = firstRun.Wait();
+    const MessageBoxWatcher::Seen seen = firstRun.Wait();
     EXPECT_TRUE(seen.Shows(L"Nelze otevřít soubor:\n" + userCatalogue));
     EXPECT_TRUE(seen.Shows(L"Bude načten standardní soubor"));
 

@@ -1,5 +1,5 @@
 // The model's Windows services: the real registry of the test's Wine prefix, the real message
-// boxes and task dialogs, and the system's code page 1250.
+// boxes and task dialogs.
 
 #include <windows.h>
 
@@ -7,7 +7,6 @@
 
 #include "CQvxFunkce.h"
 #include "CQvxRegistry.h"
-#include "TextCodec.h"
 #include "Win/CWin32RegistryValues.h"
 #include "Win/CWin32UserMessages.h"
 #include "support/ThrownText.h"
@@ -88,24 +87,15 @@ TEST(CWin32UserMessages, BoxesShowTheCzechTextUnderTheirCaptionsAndAnswerWithThe
 
     for (const unsigned bit :
          {TaskDialogButtons::kYes, TaskDialogButtons::kNo, TaskDialogButtons::kYesToAll, TaskDialogButtons::kNoToAll}) {
-        TaskDialogWatcher watcher(L"Materiály potrubí", CWin32UserMessages::TaskDialogButtonId(bit));
+        MessageBoxWatcher watcher(L"Materiály potrubí", {CWin32UserMessages::TaskDialogButtonId(bit)}, nullptr,
+                                  TDM_CLICK_BUTTON);
         EXPECT_EQ(messages.AskOverwrite(u"PE 100 SDR 11"), bit);
-        const TaskDialogWatcher::Seen& seen = watcher.Stop();
+        const MessageBoxWatcher::Seen seen = watcher.Stop();
         for (const wchar_t* text : {L"Tento materiál již existuje, přepsat standardním?", L"PE 100 SDR 11", L"Ano",
                                     L"Ne", L"Ano všem", L"Ne všem"}) {
             EXPECT_TRUE(seen.Shows(text)) << text;
         }
         EXPECT_FALSE(seen.Shows(L"Zrušit"));
-    }
-}
-
-TEST(Windows1250, AgreesWithTheSystemCodePage) {
-    for (int byte = 0x80; byte < 0x100; ++byte) {
-        const char narrow = static_cast<char>(byte);
-        wchar_t wide[2] = {};
-        ASSERT_EQ(MultiByteToWideChar(1250, 0, &narrow, 1, wide, 2), 1);
-        EXPECT_EQ(FromWindows1250(std::string(1, narrow)), std::u16string(1, static_cast<char16_t>(wide[0])))
-            << "byte " << byte;
     }
 }
 
