@@ -132,6 +132,10 @@ TEST(MaterialFields, BufferOfAMaterialAndOfANewOne) {
     EXPECT_EQ(Summary(FieldsOf(material)), "PE 100 () '' '' 3/31 k -1000 3/4 mode 0 outer '' '' shape 0 '0.50000'");
     EXPECT_EQ(Summary(NewMaterialFields(DescriptionMode::Custom)),
               " () '' '' 3/31 k -1000 0/0 mode 2 outer '' '' shape 0 '0.01'");
+    // The roughness field takes decimal texts from 0.01 to 3.0.
+    const std::pair<const wchar_t*, bool> roughnesses[] = {
+        {L"0.01", true}, {L"0.0099", false}, {L"3.0", true}, {L"3.001", false}, {L"1e0", false}};
+    for (const auto& [text, valid] : roughnesses) EXPECT_EQ(IsRoughnessText(text), valid) << text;
 }
 
 TEST(MaterialFields, DisplayNameTakesTheUniqueNameOnlyWhenBlank) {
