@@ -72,7 +72,7 @@ std::u16string FileFailureCause(const CFileException& failure);
 struct FileStamp {
     std::uint64_t size = 0;
     std::int64_t lastWriteTime = 0;
-    std::uint64_t hash = 0;  // of the bytes (64-bit FNV-1a)
+    std::uint64_t hash = 0;  // of the bytes (the standard library's hash: kept in memory only)
 
     bool operator==(const FileStamp&) const = default;
 };
