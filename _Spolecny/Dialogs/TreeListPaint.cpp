@@ -170,7 +170,7 @@ void TreeListWindow::Layout() {
                         static_cast<UINT>(page),
                         topRow_,
                         0};
-    SetScrollBar(SB_VERT, vertical);
+    bool barsChanged = SetScrollBar(SB_VERT, vertical);
 
     const int total = model_.TotalColumnWidth();
     scrollX_ = std::clamp(scrollX_, 0, std::max(total - static_cast<int>(client.right), 0));
@@ -181,24 +181,31 @@ void TreeListWindow::Layout() {
                           static_cast<UINT>(std::max(static_cast<int>(client.right), 0)),
                           scrollX_,
                           0};
-    SetScrollBar(SB_HORZ, horizontal);
-    // One invalidation stands until the control is painted.
-    if (!paintPending_) {
+    barsChanged = SetScrollBar(SB_HORZ, horizontal) || barsChanged;
+    // One invalidation stands until the control is painted, and one of the frame, where the scroll
+    // bars are, until the frame is painted.
+    if (barsChanged && !framePending_) {
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+        framePending_ = true;
+        paintPending_ = true;
+    } else if (!paintPending_) {
         InvalidateRect(window_, nullptr, FALSE);
         paintPending_ = true;
     }
 }
 
 // Each row added lays the control out again: what did not change is not set again, as the header
-// and the scroll bars would each repaint.
-void TreeListWindow::SetScrollBar(int bar, const SCROLLINFO& info) {
+// would repaint, and a scroll bar is drawn with the frame rather than at once (each row added to a
+// long list changes its range).
+bool TreeListWindow::SetScrollBar(int bar, const SCROLLINFO& info) {
     SCROLLINFO& last = bar == SB_VERT ? verticalBar_ : horizontalBar_;
     if (last.cbSize != 0 && last.nMin == info.nMin && last.nMax == info.nMax && last.nPage == info.nPage &&
         last.nPos == info.nPos) {
-        return;
+        return false;
     }
-    SetScrollInfo(window_, bar, &info, TRUE);
+    SetScrollInfo(window_, bar, &info, FALSE);
     last = info;
+    return true;
 }
 
 std::vector<TreeListWindow::RowPaint> TreeListWindow::CollectRows() {
