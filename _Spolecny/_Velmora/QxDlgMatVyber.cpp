@@ -7,6 +7,7 @@
 
 #include "UserMessages.h"
 #include "Win/DataExchange.h"
+#include "Win/LateBound.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
@@ -52,7 +53,8 @@ const std::vector<int>& CQxDlgMatVyber::FieldControls() {
 }
 
 void OpenOnlineHelp(HWND owner) {
-    ShellExecuteW(owner, nullptr, L"https://www.quorvex.cz/torbel/help/", nullptr, nullptr, SW_SHOWNORMAL);
+    static const auto open = LateBound<decltype(ShellExecuteW)>(L"shell32.dll", "ShellExecuteW");
+    if (open != nullptr) open(owner, nullptr, L"https://www.quorvex.cz/torbel/help/", nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 CQxDlgMatVyber::CQxDlgMatVyber(HWND parent) : CQxDlgMatVyber(IDD_MAT_VYBER, parent, u"", false) {}
