@@ -66,7 +66,7 @@ const ShellFunctions& LoadedShell() {
 ShellOutcome PickWithShellDialog(HWND owner, std::u16string& path) {
     ComPointer<IFileOpenDialog> dialog;
     if (FAILED(LoadedShell().createInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
-                                      IID_PPV_ARGS(dialog.Receive())))) {
+                                            IID_PPV_ARGS(dialog.Receive())))) {
         return ShellOutcome::Failed;
     }
     const std::u16string folderPath = CommonDataFolder();

@@ -313,11 +313,11 @@ bool CQxDlgMatVyber::OnCommand(WORD id, WORD code, HWND control) {
 void CQxDlgMatVyber::OnFilterRadio() {
     int medium = -1;
     for (int id = IDC_FILTER_SEWAGE; id <= IDC_FILTER_ALL; ++id) {
-        if (IsDlgButtonChecked(Handle(), id) == BST_CHECKED) medium = id - IDC_FILTER_SEWAGE;
+        if (IsChecked(id)) medium = id - IDC_FILTER_SEWAGE;
     }
     int placement = -1;
     for (int id = IDC_SCOPE_ZTI; id <= IDC_SCOPE_ALL; ++id) {
-        if (IsDlgButtonChecked(Handle(), id) == BST_CHECKED) placement = id - IDC_SCOPE_ZTI;
+        if (IsChecked(id)) placement = id - IDC_SCOPE_ZTI;
     }
     FillList({PlacementMaskForRadio(placement), MediumMaskForRadio(medium)});
 }
