@@ -9,7 +9,7 @@
 // The address of `name` in the system library `library`; null when either cannot be had.
 FARPROC LateBoundAddress(const wchar_t* library, const char* name);
 
-// The same as the function type it is, e.g. LateBound<decltype(ShellExecuteW)>(L"shell32.dll",
+// The same address typed as the function, e.g. LateBound<decltype(ShellExecuteW)>(L"shell32.dll",
 // "ShellExecuteW").
 template <typename Function>
 Function* LateBound(const wchar_t* library, const char* name) {
