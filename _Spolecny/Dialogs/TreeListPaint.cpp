@@ -117,6 +117,18 @@ RECT TreeListWindow::ButtonRect(TreeItem item, const RECT& row) const {
     return {centreX - size / 2, centreY - size / 2, centreX - size / 2 + size, centreY - size / 2 + size};
 }
 
+// Whether the header's item `column` already shows `wanted`: each item set repaints the header,
+// and a column's change sets every item.
+bool TreeListWindow::HeaderShows(int column, const HDITEMW& wanted) const {
+    wchar_t caption[256] = {};
+    HDITEMW shown{};
+    shown.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
+    shown.pszText = caption;
+    shown.cchTextMax = static_cast<int>(std::size(caption));
+    return SendMessageW(header_, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&shown)) != 0 &&
+           shown.cxy == wanted.cxy && shown.fmt == wanted.fmt && lstrcmpW(caption, wanted.pszText) == 0;
+}
+
 void TreeListWindow::UpdateHeader() {
     const int columns = model_.ColumnCount();
     while (SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0) > columns) SendMessageW(header_, HDM_DELETEITEM, columns, 0);
@@ -130,6 +142,7 @@ void TreeListWindow::UpdateHeader() {
         item.fmt = HDF_STRING | (stored.format == LVCFMT_RIGHT    ? HDF_RIGHT
                                  : stored.format == LVCFMT_CENTER ? HDF_CENTER
                                                                   : HDF_LEFT);
+        if (HeaderShows(column, item)) continue;
         if (column >= SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0)) {
             SendMessageW(header_, HDM_INSERTITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
         } else {

@@ -69,6 +69,7 @@ private:
     // True when the bar changed.
     bool SetScrollBar(int bar, const SCROLLINFO& info);
     void UpdateHeader();
+    bool HeaderShows(int column, const HDITEMW& wanted) const;
     void UpdateFont(HFONT font);
     int Scaled(int pixels) const;
     int HeaderHeight() const;

@@ -460,25 +460,25 @@ void CQxDlgMatVyber::AnchorControls() {
     constexpr ResizeAnchor kBesideTheList{0.5f, 0, 0.5f, 0};
 
     resizer_.Start(Handle());
-    resizer_.Add(IDC_FILTER_GROUP, kFixed);
-    resizer_.Add(IDC_MATERIAL_LIST, kLeftHalfGrows);
+    resizer_.Add(Item(IDC_FILTER_GROUP), kFixed);
+    resizer_.Add(materialList_.Handle(), kLeftHalfGrows);
     resizer_.AddFillingColumn(materialList_.Handle());
     for (const int id : kFieldControls) {
         const bool longText = id == IDC_DISPLAY_NAME || id == IDC_MANUFACTURER || id == IDC_DESCRIPTION;
-        resizer_.Add(id, longText ? kDownGrowingWithTheList : kDown);
+        resizer_.Add(Item(id), longText ? kDownGrowingWithTheList : kDown);
     }
-    for (const int id : {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT}) resizer_.Add(id, kDown);
+    for (const int id : {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT}) resizer_.Add(Item(id), kDown);
     for (const int id : {IDC_MATERIAL_ADD, IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT}) {
-        resizer_.Add(id, kBesideTheList);
+        resizer_.Add(Item(id), kBesideTheList);
     }
-    resizer_.Add(IDC_PROFILES_HEADING, kRightHalfTop);
+    resizer_.Add(Item(IDC_PROFILES_HEADING), kRightHalfTop);
     resizer_.Add(profilePane_.Handle(), kRightHalfGrows);
     for (const int id : {IDC_PROFILE_ADD, IDC_PROFILE_DELETE, IDC_PROFILE_DELETE_ALL, IDC_PROFILE_GENERATE,
                          IDC_URS_INSTALL_LABEL, IDC_URS_INSTALL, IDC_URS_MATERIAL_LABEL, IDC_URS_MATERIAL,
                          IDC_LOAD_FILE, IDC_LOAD_STANDARD, IDC_EDIT_MATERIALS}) {
-        resizer_.Add(id, kRightHalfDown);
+        resizer_.Add(Item(id), kRightHalfDown);
     }
     // "?" stands beside "Editace materiálů..." in selection, beside "OK" in the editor.
-    resizer_.Add(IDC_HELP_BUTTON, editorMode_ ? kLowerRight : kRightHalfDown);
-    for (const int id : {IDOK, IDCANCEL}) resizer_.Add(id, kLowerRight);
+    resizer_.Add(Item(IDC_HELP_BUTTON), editorMode_ ? kLowerRight : kRightHalfDown);
+    for (const int id : {IDOK, IDCANCEL}) resizer_.Add(Item(id), kLowerRight);
 }
