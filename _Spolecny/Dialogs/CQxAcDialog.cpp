@@ -113,6 +113,7 @@ bool CQxAcDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRES
         case WM_PAINT: {
             PAINTSTRUCT paint{};
             const HDC dc = BeginPaint(Handle(), &paint);
+            scale_ = ReadMonitorScale(Handle());
             Paint(dc);
             EndPaint(Handle(), &paint);
             result = 0;
@@ -151,7 +152,6 @@ void CQxAcDialog::Paint(HDC dc) {
     }
     if (heading_.empty()) return;
 
-    scale_ = ReadMonitorScale(Handle());
     const HeadingLayout layout = HeadingLayoutForScale(scale_);
     MoveToEx(dc, layout.margin, layout.ruleY, nullptr);
     LineTo(dc, client.right - layout.margin, layout.ruleY);

@@ -14,7 +14,6 @@ public:
     void Start(HWND dialog);
     // Records where `control` is now and how it follows the growth.
     void Add(HWND control, ResizeAnchor anchor);
-    void Add(int controlId, ResizeAnchor anchor) { Add(GetDlgItem(dialog_, controlId), anchor); }
     // Lets the last column of list view `list` take the list's growth, keeping the room that the
     // columns leave free now (for a scroll bar).
     void AddFillingColumn(HWND list);

@@ -41,10 +41,10 @@ bool CTreeListCtrl::Create(DWORD style, HWND dialog) {
         GetWindowRect(placeholder, &place);
         MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
     }
-    m_hWnd =
-        CreateWindowExW(0, kClassName, nullptr, style | WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, place.left,
-                        place.top, place.right - place.left, place.bottom - place.top, dialog,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr), nullptr);
+    m_hWnd = CreateWindowExW(
+        0, kClassName, nullptr, style | WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_VSCROLL | WS_HSCROLL, place.left,
+        place.top, place.right - place.left, place.bottom - place.top, dialog,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr), nullptr);
     if (m_hWnd != nullptr && placeholder != nullptr) {
         SetWindowPos(m_hWnd, placeholder, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);  // tab order
     }

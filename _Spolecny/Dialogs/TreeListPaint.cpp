@@ -117,6 +117,18 @@ RECT TreeListWindow::ButtonRect(TreeItem item, const RECT& row) const {
     return {centreX - size / 2, centreY - size / 2, centreX - size / 2 + size, centreY - size / 2 + size};
 }
 
+// Whether the header's item `column` already shows `wanted`: each item set repaints the header,
+// and a column's change sets every item.
+bool TreeListWindow::HeaderShows(int column, const HDITEMW& wanted) const {
+    wchar_t caption[256] = {};
+    HDITEMW shown{};
+    shown.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
+    shown.pszText = caption;
+    shown.cchTextMax = static_cast<int>(std::size(caption));
+    return SendMessageW(header_, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&shown)) != 0 &&
+           shown.cxy == wanted.cxy && shown.fmt == wanted.fmt && lstrcmpW(caption, wanted.pszText) == 0;
+}
+
 void TreeListWindow::UpdateHeader() {
     const int columns = model_.ColumnCount();
     while (SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0) > columns) SendMessageW(header_, HDM_DELETEITEM, columns, 0);
@@ -130,6 +142,7 @@ void TreeListWindow::UpdateHeader() {
         item.fmt = HDF_STRING | (stored.format == LVCFMT_RIGHT    ? HDF_RIGHT
                                  : stored.format == LVCFMT_CENTER ? HDF_CENTER
                                                                   : HDF_LEFT);
+        if (HeaderShows(column, item)) continue;
         if (column >= SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0)) {
             SendMessageW(header_, HDM_INSERTITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
         } else {
@@ -170,7 +183,7 @@ void TreeListWindow::Layout() {
                         static_cast<UINT>(page),
                         topRow_,
                         0};
-    SetScrollBar(SB_VERT, vertical);
+    bool barsChanged = SetScrollBar(SB_VERT, vertical);
 
     const int total = model_.TotalColumnWidth();
     scrollX_ = std::clamp(scrollX_, 0, std::max(total - static_cast<int>(client.right), 0));
@@ -181,24 +194,31 @@ void TreeListWindow::Layout() {
                           static_cast<UINT>(std::max(static_cast<int>(client.right), 0)),
                           scrollX_,
                           0};
-    SetScrollBar(SB_HORZ, horizontal);
-    // One invalidation stands until the control is painted.
-    if (!paintPending_) {
+    barsChanged = SetScrollBar(SB_HORZ, horizontal) || barsChanged;
+    // One invalidation stands until the control is painted, and one of the frame, where the scroll
+    // bars are, until the frame is painted.
+    if (barsChanged && !framePending_) {
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+        framePending_ = true;
+        paintPending_ = true;
+    } else if (!paintPending_) {
         InvalidateRect(window_, nullptr, FALSE);
         paintPending_ = true;
     }
 }
 
 // Each row added lays the control out again: what did not change is not set again, as the header
-// and the scroll bars would each repaint.
-void TreeListWindow::SetScrollBar(int bar, const SCROLLINFO& info) {
+// would repaint, and a scroll bar is drawn with the frame rather than at once (each row added to a
+// long list changes its range).
+bool TreeListWindow::SetScrollBar(int bar, const SCROLLINFO& info) {
     SCROLLINFO& last = bar == SB_VERT ? verticalBar_ : horizontalBar_;
     if (last.cbSize != 0 && last.nMin == info.nMin && last.nMax == info.nMax && last.nPage == info.nPage &&
         last.nPos == info.nPos) {
-        return;
+        return false;
     }
-    SetScrollInfo(window_, bar, &info, TRUE);
+    SetScrollInfo(window_, bar, &info, FALSE);
     last = info;
+    return true;
 }
 
 std::vector<TreeListWindow::RowPaint> TreeListWindow::CollectRows() {

@@ -168,6 +168,9 @@ LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             EndPaint(window_, &paint);
             return 0;
         }
+        case WM_NCPAINT:
+            framePending_ = false;
+            return DefWindowProcW(window_, message, wParam, lParam);
         case WM_PRINTCLIENT: {
             RECT client{};
             GetClientRect(window_, &client);

@@ -66,8 +66,10 @@ private:
 
     // Layout and painting (TreeListPaint.cpp).
     void Layout();
-    void SetScrollBar(int bar, const SCROLLINFO& info);
+    // True when the bar changed.
+    bool SetScrollBar(int bar, const SCROLLINFO& info);
     void UpdateHeader();
+    bool HeaderShows(int column, const HDITEMW& wanted) const;
     void UpdateFont(HFONT font);
     int Scaled(int pixels) const;
     int HeaderHeight() const;
@@ -139,6 +141,7 @@ private:
     SCROLLINFO verticalBar_{};
     SCROLLINFO horizontalBar_{};
     bool paintPending_ = false;  // Layout invalidated the whole control, not painted since
+    bool framePending_ = false;  // Layout invalidated the frame, not painted since
     int clientWidth_ = 0;
     IncrementalSearch search_;
 

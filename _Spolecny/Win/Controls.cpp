@@ -44,9 +44,11 @@ void SetButtonCheck(HWND button, int state) {
     const DWORD kind = style & BS_TYPEMASK;
     const bool radio = kind == BS_RADIOBUTTON || kind == BS_AUTORADIOBUTTON;
     const bool tabStopRight = !radio || ((style & WS_TABSTOP) != 0) == (state != BST_UNCHECKED);
-    if (SendMessageW(button, BM_GETCHECK, 0, 0) != state || !tabStopRight) {
-        SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(state), 0);
-    }
+    if (SendMessageW(button, BM_GETCHECK, 0, 0) == state && tabStopRight) return;
+    const bool alone = kind == BS_AUTORADIOBUTTON && state == BST_CHECKED;
+    if (alone) SendMessageW(button, BM_SETSTYLE, (style & 0xFFFF & ~BS_TYPEMASK) | BS_RADIOBUTTON, FALSE);
+    SendMessageW(button, BM_SETCHECK, static_cast<WPARAM>(state), 0);
+    if (alone) SendMessageW(button, BM_SETSTYLE, (style & 0xFFFF & ~BS_TYPEMASK) | BS_AUTORADIOBUTTON, FALSE);
 }
 
 int CComboBox::AddString(std::u16string_view text) const {

@@ -32,6 +32,9 @@ public:
 
 // BM_SETCHECK only where it would change something. A radio button rewrites its style on every
 // set, even an unchanged one (the tab stop goes to the checked button of a group), at a price.
+// An automatic radio button is checked alone, as a plain one: the caller sets every button of its
+// group. (Checked as itself, it unchecks its group, which under Wine searches the dialog's windows
+// one round trip to the window server at a time, over a hundred for one check.)
 void SetButtonCheck(HWND button, int state);
 
 class CComboBox : public CSubclassedWindow {

@@ -8,7 +8,7 @@
 #include "Win/WideText.h"
 
 HWND CDataExchange::Item(int id) const {
-    return GetDlgItem(dialog_.Handle(), id);
+    return dialog_.Item(id);
 }
 
 void CDataExchange::Control(int id, CSubclassedWindow& control) {
@@ -48,18 +48,13 @@ void CDataExchange::Radio(int firstId, int& index) {
     if (failed_) return;
     if (saving_) index = -1;
     int position = 0;
-    HWND control = Item(firstId);
-    while (control != nullptr) {
-        if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0) {
-            if (saving_) {
-                if (SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) index = position;
-            } else {
-                SetButtonCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
-            }
-            ++position;
+    for (const HWND control : dialog_.RadioGroup(firstId)) {
+        if (saving_) {
+            if (SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) index = position;
+        } else {
+            SetButtonCheck(control, position == index ? BST_CHECKED : BST_UNCHECKED);
         }
-        control = GetWindow(control, GW_HWNDNEXT);
-        if (control != nullptr && (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0) break;
+        ++position;
     }
 }
 

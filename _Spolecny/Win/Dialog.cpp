@@ -55,6 +55,26 @@ void CDialog::EndDialog(INT_PTR result) {
     if (!modal_ && m_hWnd != nullptr) ShowWindow(m_hWnd, SW_HIDE);
 }
 
+HWND CDialog::Item(int id) const {
+    HWND& control = items_[id];
+    // A control destroyed since is looked up again.
+    if (control == nullptr || !IsWindow(control)) control = GetDlgItem(m_hWnd, id);
+    return control;
+}
+
+const std::vector<HWND>& CDialog::RadioGroup(int firstId) const {
+    std::vector<HWND>& group = radioGroups_[firstId];
+    if (!group.empty() && IsWindow(group.front())) return group;
+    group.clear();
+    HWND control = Item(firstId);
+    while (control != nullptr) {
+        if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0) group.push_back(control);
+        control = GetWindow(control, GW_HWNDNEXT);
+        if (control != nullptr && (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0) break;
+    }
+    return group;
+}
+
 bool CDialog::UpdateData(bool saveAndValidate) {
     CDataExchange exchange(*this, saveAndValidate);
     DoDataExchange(exchange);
@@ -149,7 +169,9 @@ INT_PTR CDialog::Answer(UINT message, bool handled, LRESULT result) {
             return handled ? static_cast<INT_PTR>(result) : FALSE;
         default:
             if (!handled) return FALSE;
-            SetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT, result);
+            // Setting the answer is a round trip to the window server under Wine: the list views
+            // ask for every cell they paint, and nearly every answer is the same.
+            if (GetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT) != result) SetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT, result);
             return TRUE;
     }
 }
@@ -159,6 +181,8 @@ INT_PTR CALLBACK CDialog::DialogProc(HWND window, UINT message, WPARAM wParam, L
         auto* dialog = reinterpret_cast<CDialog*>(lParam);
         SetWindowLongPtrW(window, DWLP_USER, lParam);
         dialog->m_hWnd = window;
+        dialog->items_.clear();  // an earlier window's controls
+        dialog->radioGroups_.clear();
     }
     auto* self = reinterpret_cast<CDialog*>(GetWindowLongPtrW(window, DWLP_USER));
     if (self == nullptr) return FALSE;  // messages before WM_INITDIALOG
@@ -170,6 +194,8 @@ INT_PTR CALLBACK CDialog::DialogProc(HWND window, UINT message, WPARAM wParam, L
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, DWLP_USER, 0);
         self->m_hWnd = nullptr;
+        self->items_.clear();
+        self->radioGroups_.clear();
     }
     return answer;
 }

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <unordered_map>
+#include <vector>
+
 #include "Win/Window.h"
 
 class CDataExchange;
@@ -45,6 +48,16 @@ public:
     // Pre-translation, the dialog manager's keyboard handling, then dispatch.
     void ProcessMessage(MSG& message);
 
+    // The dialog's control `id`, found once and then kept: under Wine each search of the dialog's
+    // children is a round trip to the window server, and the dialogs ask for their controls at
+    // every change of state and every control colour.
+    HWND Item(int id) const;
+    // Whether check box or radio button `id` is checked.
+    bool IsChecked(int id) const { return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+    // The radio buttons of the group that starts with control `firstId` and ends before the next
+    // control with WS_GROUP, in their order; found once, like Item.
+    const std::vector<HWND>& RadioGroup(int firstId) const;
+
     UINT TemplateId() const { return templateId_; }
     HWND ParentWindow() const { return parent_; }
 
@@ -65,6 +78,8 @@ private:
 
     UINT templateId_;
     HWND parent_;
+    mutable std::unordered_map<int, HWND> items_;
+    mutable std::unordered_map<int, std::vector<HWND>> radioGroups_;
     bool modal_ = false;
     bool ended_ = false;
     INT_PTR result_ = 0;

@@ -1,20 +1,22 @@
 #include "Win/SubclassedWindow.h"
 
-#include <commctrl.h>
-
 #include <unordered_map>
 
 namespace {
 
-constexpr UINT_PTR kSubclassId = 0x5645;  // one subclass of ours per window
+// Each window subclassed here: the object that handles its messages, and the procedure that was
+// the window's before ours. Kept in the process: the common controls' subclassing asks a window
+// property for every message, and reflected notifications ask for the object at every control
+// colour and notification, each a round trip to the window server under Wine. Never destroyed, so
+// that static control objects may still unsubclass as the process ends.
+struct Attachment {
+    CSubclassedWindow* object;  // none once it let go while another procedure lay over ours
+    WNDPROC previous;
+};
 
-// The object that subclasses each window, for reflected notifications. Kept in the process rather
-// than as a window property: every control colour and notification a dialog gets asks for it, and
-// a property is a round trip to the window server under Wine. Never destroyed, so that static
-// control objects may still unsubclass as the process ends.
-std::unordered_map<HWND, CSubclassedWindow*>& Subclassed() {
-    static auto* const objects = new std::unordered_map<HWND, CSubclassedWindow*>;
-    return *objects;
+std::unordered_map<HWND, Attachment>& Subclassed() {
+    static auto* const attachments = new std::unordered_map<HWND, Attachment>;
+    return *attachments;
 }
 
 HWND NotifyingChild(UINT message, WPARAM, LPARAM lParam) {
@@ -40,10 +42,15 @@ CSubclassedWindow::~CSubclassedWindow() {
 
 bool CSubclassedWindow::Subclass(HWND window) {
     Unsubclass();
-    if (window == nullptr || !SetWindowSubclass(window, SubclassProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
-        return false;
+    if (window == nullptr) return false;
+    auto found = Subclassed().find(window);
+    if (found == Subclassed().end()) {
+        const auto previous = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CSubclassedWindow::Procedure)));
+        if (previous == nullptr) return false;
+        found = Subclassed().emplace(window, Attachment{nullptr, previous}).first;
     }
-    Subclassed()[window] = this;
+    found->second.object = this;
     m_hWnd = window;
     subclassed_ = true;
     return true;
@@ -51,8 +58,15 @@ bool CSubclassedWindow::Subclass(HWND window) {
 
 void CSubclassedWindow::Unsubclass() {
     if (subclassed_) {
-        Subclassed().erase(m_hWnd);
-        RemoveWindowSubclass(m_hWnd, SubclassProc, kSubclassId);
+        const auto found = Subclassed().find(m_hWnd);
+        if (found != Subclassed().end()) {
+            if (GetWindowLongPtrW(m_hWnd, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&CSubclassedWindow::Procedure)) {
+                SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(found->second.previous));
+                Subclassed().erase(found);
+            } else {
+                found->second.object = nullptr;  // ours stays under the later one, passing messages on
+            }
+        }
     }
     subclassed_ = false;
     m_hWnd = nullptr;
@@ -61,7 +75,7 @@ void CSubclassedWindow::Unsubclass() {
 CSubclassedWindow* CSubclassedWindow::FromHandle(HWND window) {
     if (window == nullptr) return nullptr;
     const auto found = Subclassed().find(window);
-    return found != Subclassed().end() ? found->second : nullptr;
+    return found != Subclassed().end() ? found->second.object : nullptr;
 }
 
 bool CSubclassedWindow::OnReflected(UINT, WPARAM, LPARAM, LRESULT&) {
@@ -73,14 +87,25 @@ LRESULT CSubclassedWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
 }
 
 LRESULT CSubclassedWindow::DefaultProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    return DefSubclassProc(m_hWnd, message, wParam, lParam);
+    const auto found = Subclassed().find(m_hWnd);
+    if (found == Subclassed().end()) return DefWindowProcW(m_hWnd, message, wParam, lParam);
+    return CallWindowProcW(found->second.previous, m_hWnd, message, wParam, lParam);
 }
 
-LRESULT CALLBACK CSubclassedWindow::SubclassProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                                 DWORD_PTR object) {
-    auto* self = reinterpret_cast<CSubclassedWindow*>(object);
+LRESULT CALLBACK CSubclassedWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto found = Subclassed().find(window);
+    if (found == Subclassed().end()) return DefWindowProcW(window, message, wParam, lParam);
+    CSubclassedWindow* const self = found->second.object;
+    if (self == nullptr) {
+        const WNDPROC previous = found->second.previous;
+        if (message == WM_NCDESTROY) Subclassed().erase(found);
+        return CallWindowProcW(previous, window, message, wParam, lParam);
+    }
     const LRESULT result = self->WindowProc(message, wParam, lParam);
-    if (message == WM_NCDESTROY) self->Unsubclass();
+    if (message == WM_NCDESTROY) {
+        self->Unsubclass();
+        Subclassed().erase(window);
+    }
     return result;
 }
 

@@ -2,8 +2,8 @@
 
 #include "Win/Window.h"
 
-// A window whose messages a C++ object handles, through the common controls' subclassing, before
-// the window's own procedure. Notifications that the window sends to its parent come back to it
+// A window whose messages a C++ object handles before the window's own procedure, which the object's
+// procedure replaces. Notifications that the window sends to its parent come back to it
 // as reflected messages when the parent calls ReflectToChild, so that a control class can handle
 // its own notifications. The subclass ends when the window is destroyed or the object is.
 class CSubclassedWindow : public CWindow {
@@ -33,8 +33,7 @@ protected:
     LRESULT DefaultProc(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    static LRESULT CALLBACK SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                         DWORD_PTR object);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool subclassed_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <shobjidl.h>
 
 #include "CQvxRegistry.h"
+#include "Win/LateBound.h"
 #include "Win/WideText.h"
 
 namespace {
@@ -41,15 +42,37 @@ private:
 
 enum class ShellOutcome { Picked, Cancelled, Failed };
 
+// COM and the shell, loaded when a file is first picked.
+struct ShellFunctions {
+    decltype(CoInitializeEx)* initialise = LateBound<decltype(CoInitializeEx)>(L"ole32.dll", "CoInitializeEx");
+    decltype(CoUninitialize)* uninitialise = LateBound<decltype(CoUninitialize)>(L"ole32.dll", "CoUninitialize");
+    decltype(CoCreateInstance)* createInstance =
+        LateBound<decltype(CoCreateInstance)>(L"ole32.dll", "CoCreateInstance");
+    decltype(CoTaskMemFree)* freeTaskMemory = LateBound<decltype(CoTaskMemFree)>(L"ole32.dll", "CoTaskMemFree");
+    decltype(SHCreateItemFromParsingName)* itemFromPath =
+        LateBound<decltype(SHCreateItemFromParsingName)>(L"shell32.dll", "SHCreateItemFromParsingName");
+
+    bool Complete() const {
+        return initialise != nullptr && uninitialise != nullptr && createInstance != nullptr &&
+               freeTaskMemory != nullptr && itemFromPath != nullptr;
+    }
+};
+
+const ShellFunctions& LoadedShell() {
+    static const ShellFunctions functions;
+    return functions;
+}
+
 ShellOutcome PickWithShellDialog(HWND owner, std::u16string& path) {
     ComPointer<IFileOpenDialog> dialog;
-    if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(dialog.Receive())))) {
+    if (FAILED(LoadedShell().createInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                                            IID_PPV_ARGS(dialog.Receive())))) {
         return ShellOutcome::Failed;
     }
     const std::u16string folderPath = CommonDataFolder();
     ComPointer<IShellItem> folder;
     if (!folderPath.empty() &&
-        SUCCEEDED(SHCreateItemFromParsingName(Wide(folderPath), nullptr, IID_PPV_ARGS(folder.Receive())))) {
+        SUCCEEDED(LoadedShell().itemFromPath(Wide(folderPath), nullptr, IID_PPV_ARGS(folder.Receive())))) {
         dialog->SetFolder(folder.operator->());
     }
     const COMDLG_FILTERSPEC types[] = {{kFileTypeName, kPattern}};
@@ -68,7 +91,7 @@ ShellOutcome PickWithShellDialog(HWND owner, std::u16string& path) {
     PWSTR name = nullptr;
     if (FAILED(result->GetDisplayName(SIGDN_FILESYSPATH, &name))) return ShellOutcome::Cancelled;
     path = FromWide(name);
-    CoTaskMemFree(name);
+    LoadedShell().freeTaskMemory(name);
     return ShellOutcome::Picked;
 }
 
@@ -87,17 +110,21 @@ std::optional<std::u16string> PickWithCommonDialog(HWND owner) {
     request.lpstrTitle = kTitle;
     request.lpstrDefExt = L"qxp";
     request.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
-    if (!GetOpenFileNameW(&request)) return std::nullopt;
+    static const auto open = LateBound<decltype(GetOpenFileNameW)>(L"comdlg32.dll", "GetOpenFileNameW");
+    if (open == nullptr || !open(&request)) return std::nullopt;
     return FromWide(file);
 }
 
 }  // namespace
 
 std::optional<std::u16string> PickCatalogueFile(HWND owner) {
-    const HRESULT initialised = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     std::u16string path;
-    const ShellOutcome outcome = PickWithShellDialog(owner, path);
-    if (SUCCEEDED(initialised)) CoUninitialize();
+    ShellOutcome outcome = ShellOutcome::Failed;
+    if (LoadedShell().Complete()) {
+        const HRESULT initialised = LoadedShell().initialise(nullptr, COINIT_APARTMENTTHREADED);
+        outcome = PickWithShellDialog(owner, path);
+        if (SUCCEEDED(initialised)) LoadedShell().uninitialise();
+    }
     if (outcome == ShellOutcome::Picked) return path;
     if (outcome == ShellOutcome::Cancelled) return std::nullopt;
     return PickWithCommonDialog(owner);

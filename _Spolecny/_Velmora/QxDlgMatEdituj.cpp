@@ -329,14 +329,14 @@ bool CQxDlgMatEdituj::OnApplyMaterial() {
 }
 
 void CQxDlgMatEdituj::OnUsageBox(int id) {
-    if (IsDlgButtonChecked(Handle(), id) == BST_CHECKED) return;
+    if (IsChecked(id)) return;
     const UsageGroup& group = id == IDC_USE_ZTI || id == IDC_USE_NETWORKS ? kPlacementBoxes : kMediumBoxes;
     int32_t checked = 0;
     for (std::size_t i = 0; i < group.boxes.size(); ++i) {
-        if (group.boxes[i] != 0 && IsDlgButtonChecked(Handle(), group.boxes[i]) == BST_CHECKED) checked |= 1 << i;
+        if (group.boxes[i] != 0 && IsChecked(group.boxes[i])) checked |= 1 << i;
     }
     if (!MustRecheckUsageBox(checked)) return;
-    CheckDlgButton(Handle(), id, BST_CHECKED);
+    SetButtonCheck(Item(id), BST_CHECKED);
     // The balloon stands on "Název:", not on the box.
     const std::u16string title = name_.Title();
     name_.SetTitle(u"Označte alesoň jednu možnost");

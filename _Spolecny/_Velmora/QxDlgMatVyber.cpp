@@ -7,6 +7,7 @@
 
 #include "UserMessages.h"
 #include "Win/DataExchange.h"
+#include "Win/LateBound.h"
 #include "Win/WideText.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
@@ -52,7 +53,8 @@ const std::vector<int>& CQxDlgMatVyber::FieldControls() {
 }
 
 void OpenOnlineHelp(HWND owner) {
-    ShellExecuteW(owner, nullptr, L"https://www.quorvex.cz/torbel/help/", nullptr, nullptr, SW_SHOWNORMAL);
+    static const auto open = LateBound<decltype(ShellExecuteW)>(L"shell32.dll", "ShellExecuteW");
+    if (open != nullptr) open(owner, nullptr, L"https://www.quorvex.cz/torbel/help/", nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 CQxDlgMatVyber::CQxDlgMatVyber(HWND parent) : CQxDlgMatVyber(IDD_MAT_VYBER, parent, u"", false) {}
@@ -311,11 +313,11 @@ bool CQxDlgMatVyber::OnCommand(WORD id, WORD code, HWND control) {
 void CQxDlgMatVyber::OnFilterRadio() {
     int medium = -1;
     for (int id = IDC_FILTER_SEWAGE; id <= IDC_FILTER_ALL; ++id) {
-        if (IsDlgButtonChecked(Handle(), id) == BST_CHECKED) medium = id - IDC_FILTER_SEWAGE;
+        if (IsChecked(id)) medium = id - IDC_FILTER_SEWAGE;
     }
     int placement = -1;
     for (int id = IDC_SCOPE_ZTI; id <= IDC_SCOPE_ALL; ++id) {
-        if (IsDlgButtonChecked(Handle(), id) == BST_CHECKED) placement = id - IDC_SCOPE_ZTI;
+        if (IsChecked(id)) placement = id - IDC_SCOPE_ZTI;
     }
     FillList({PlacementMaskForRadio(placement), MediumMaskForRadio(medium)});
 }
@@ -458,25 +460,25 @@ void CQxDlgMatVyber::AnchorControls() {
     constexpr ResizeAnchor kBesideTheList{0.5f, 0, 0.5f, 0};
 
     resizer_.Start(Handle());
-    resizer_.Add(IDC_FILTER_GROUP, kFixed);
-    resizer_.Add(IDC_MATERIAL_LIST, kLeftHalfGrows);
+    resizer_.Add(Item(IDC_FILTER_GROUP), kFixed);
+    resizer_.Add(materialList_.Handle(), kLeftHalfGrows);
     resizer_.AddFillingColumn(materialList_.Handle());
     for (const int id : kFieldControls) {
         const bool longText = id == IDC_DISPLAY_NAME || id == IDC_MANUFACTURER || id == IDC_DESCRIPTION;
-        resizer_.Add(id, longText ? kDownGrowingWithTheList : kDown);
+        resizer_.Add(Item(id), longText ? kDownGrowingWithTheList : kDown);
     }
-    for (const int id : {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT}) resizer_.Add(id, kDown);
+    for (const int id : {IDC_MATERIAL_APPLY, IDC_MATERIAL_REVERT}) resizer_.Add(Item(id), kDown);
     for (const int id : {IDC_MATERIAL_ADD, IDC_MATERIAL_DELETE, IDC_MATERIAL_COPY, IDC_MATERIAL_EDIT}) {
-        resizer_.Add(id, kBesideTheList);
+        resizer_.Add(Item(id), kBesideTheList);
     }
-    resizer_.Add(IDC_PROFILES_HEADING, kRightHalfTop);
+    resizer_.Add(Item(IDC_PROFILES_HEADING), kRightHalfTop);
     resizer_.Add(profilePane_.Handle(), kRightHalfGrows);
     for (const int id : {IDC_PROFILE_ADD, IDC_PROFILE_DELETE, IDC_PROFILE_DELETE_ALL, IDC_PROFILE_GENERATE,
                          IDC_URS_INSTALL_LABEL, IDC_URS_INSTALL, IDC_URS_MATERIAL_LABEL, IDC_URS_MATERIAL,
                          IDC_LOAD_FILE, IDC_LOAD_STANDARD, IDC_EDIT_MATERIALS}) {
-        resizer_.Add(id, kRightHalfDown);
+        resizer_.Add(Item(id), kRightHalfDown);
     }
     // "?" stands beside "Editace materiálů..." in selection, beside "OK" in the editor.
-    resizer_.Add(IDC_HELP_BUTTON, editorMode_ ? kLowerRight : kRightHalfDown);
-    for (const int id : {IDOK, IDCANCEL}) resizer_.Add(id, kLowerRight);
+    resizer_.Add(Item(IDC_HELP_BUTTON), editorMode_ ? kLowerRight : kRightHalfDown);
+    for (const int id : {IDOK, IDCANCEL}) resizer_.Add(Item(id), kLowerRight);
 }

@@ -122,6 +122,9 @@ TEST_F(ProfilePaneEditor, AddGenerateAndDeleteProfilesAndStoreTheirCodes) {
     ASSERT_EQ(RowDns().size(), 28u);
     EXPECT_EQ(pe.FindProfile(3)->UrsMaterialCode(), u"");  // a new profile
     gui::SaveScreenshot(L"profiles-circle");
+    SCROLLINFO bar{sizeof(bar), SIF_RANGE, 0, 0, 0, 0, 0};  // set with every row, drawn with the frame
+    ASSERT_TRUE(GetScrollInfo(Pane().Handle(), SB_VERT, &bar));
+    EXPECT_EQ(bar.nMax, 27);
     EXPECT_EQ(ClickAnswering(IDC_PROFILE_ADD).text, L"Nelze přidat již další DN !!");  // from the first row
     SelectProfile(20);
     {
