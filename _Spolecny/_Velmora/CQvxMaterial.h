@@ -94,6 +94,8 @@ public:
     CQvxSezMaterialu* Owner() const { return owner_; }
     // For a material its list lets go of while its users keep it: changes no longer reach the list.
     void DetachFromList() { owner_ = nullptr; }
+    // For a material that another list takes over.
+    void AttachToList(CQvxSezMaterialu* list) { owner_ = list; }
     CQvxUsers<CQvxMaterial>& Users() { return users_; }
     const CQvxUsers<CQvxMaterial>& Users() const { return users_; }
 

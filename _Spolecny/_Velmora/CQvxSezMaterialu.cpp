@@ -61,6 +61,16 @@ CQvxSezMaterialu& CQvxSezMaterialu::AssignFrom(const CQvxSezMaterialu& source) {
     return *this;
 }
 
+void CQvxSezMaterialu::TakeFrom(CQvxSezMaterialu& source) {
+    if (&source == this) return;
+    Clear(true);
+    materials_.swap(source.materials_);
+    for (auto& [name, material] : materials_) material->AttachToList(this);
+    unchanged_ = source.unchanged_;
+    userFileStamp_ = source.userFileStamp_;
+    source.unchanged_ = true;
+}
+
 std::pair<CQvxMaterial*, bool> CQvxSezMaterialu::Insert(std::u16string_view name,
                                                         std::unique_ptr<CQvxMaterial>& material) {
     // Files and copies come in key order, so a name after the last one is the usual case: it goes

@@ -33,6 +33,10 @@ public:
     // Deep copy of `source` (materials, profiles, users, the unchanged flag, what the user's
     // catalogue held when read or saved); nothing for itself.
     CQvxSezMaterialu& AssignFrom(const CQvxSezMaterialu& source);
+    // Takes every material of `source` over, as they are (users included), with its unchanged flag
+    // and what its user's catalogue held; `source` is left empty. This list's own materials go as
+    // Clear(true) lets them.
+    void TakeFrom(CQvxSezMaterialu& source);
     // Unique insertion under `name`. Takes `material` only when the name is new; otherwise returns
     // the material already held, with false, and leaves `material` with the caller.
     std::pair<CQvxMaterial*, bool> Insert(std::u16string_view name, std::unique_ptr<CQvxMaterial>& material);

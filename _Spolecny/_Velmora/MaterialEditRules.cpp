@@ -146,8 +146,9 @@ bool IsRoughnessText(const wchar_t* text) {
 }
 
 void HandBackToCaller(CQvxSezMaterialu& working, CQvxSezMaterialu& callers) {
-    callers.AssignFrom(working);
-    working.ClearUsage();
+    // Taken over rather than copied: a copy of 10,000 materials and the old list's deletion took
+    // about 80 ms under Wine.
+    callers.TakeFrom(working);
     for (const auto& [name, material] : callers.Materials()) {
         material->Users().PointAllAt(material.get());
         for (const auto& [dnIndex, profile] : material->Profiles()) profile->Users().PointAllAt(profile.get());

@@ -101,7 +101,7 @@ inline int InnerDiameterFlagForRadio(int checkedPosition) {
     return checkedPosition == 0 ? 0 : 1;
 }
 
-// OK of the editor, after saving: the caller's list takes the working copy, the copy's records no
-// longer count as used, and every place that used a record of the caller's list is pointed at the
-// record of the same name (and DN) that replaced it.
+// OK of the editor, after saving: the caller's list takes the working copy's records over (the
+// working list is left empty), and every place that used a record of the caller's list is pointed
+// at the record of the same name (and DN) that replaced it.
 void HandBackToCaller(CQvxSezMaterialu& working, CQvxSezMaterialu& callers);

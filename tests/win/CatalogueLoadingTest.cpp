@@ -151,7 +151,7 @@ TEST_F(EditorOnFiles, OkWhileTheCatalogueIsHeldOpenWaitsUntilItIsLetGoAndLeaving
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(editor.HasEnded());
     EXPECT_NE(catalogue.Find(u"PVC"), nullptr);
-    EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(editor.WorkingList()));
+    EXPECT_EQ(FileBytes(UserFile()), WriteCatalogue(catalogue));
     EXPECT_EQ(FileBytes(std::filesystem::path(UserFile()) += ".bak"), before);
 
     editor.DestroyWindow();

@@ -206,8 +206,11 @@ TEST_F(ApplyEdit, HandingBackPointsTheUsersAtTheCallersNewRecords) {
     ASSERT_NE(callers.Find(u"PE"), nullptr);
     EXPECT_EQ(usedMaterial, callers.Find(u"PE"));
     EXPECT_EQ(usedProfile, callers.Find(u"PE")->FindProfile(11));
-    EXPECT_TRUE(pe.Users().IsEmpty());  // the working copy no longer counts as used
+    EXPECT_EQ(callers.Find(u"PE"), &pe);  // taken over, not copied: the working list is left empty
+    EXPECT_EQ(pe.Owner(), &callers);      // later changes mark the caller's list
+    EXPECT_EQ(list.Count(), 0u);
     EXPECT_EQ(callers.Count(), 2u);
+    EXPECT_TRUE(callers.IsUnchanged());
     callers.ClearUsage();
 }
 
