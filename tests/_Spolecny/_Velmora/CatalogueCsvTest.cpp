@@ -70,7 +70,8 @@ TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
                                                           "PE-X;DN 15;20;2;16;;;\n"
                                                           "PE100 SDR11;DN 32;40;3.7;32;;;\n"
                                                           "PE100 SDR11;DN 40;;4.6;40.8;1.5;8012345678;\n"
-        "PE100 SDR11\n")});
+        "PE100 SDR11\n"
+                                                          "PE100 SDR11;DN 50\n")});
     EXPECT_EQ(Described(content),
               (std::vector<std::string>{
                   "profily.csv, řádek 3: Řádek má 7 sloupců, záhlaví 8 sloupců.",
@@ -85,6 +86,7 @@ TEST(CatalogueCsvRead, RowProblemsCarryTheirLineNumbers) {
                   "profily.csv, řádek 9: Neplatné celé číslo „1.5“ ve sloupci „Šířka [mm]“.",
                   "profily.csv, řádek 9: Text „8012345678“ ve sloupci „Kód URS materiál“ je delší než 9 znaků.",
                   "profily.csv, řádek 10: Řádek má 1 sloupec, záhlaví 8 sloupců.",
+                  "profily.csv, řádek 11: Řádek má 2 sloupce, záhlaví 8 sloupců.",
               }));
     ASSERT_EQ(content.materials.size(), 2u);
     EXPECT_EQ(content.materials[1].profiles.size(), 1u);  // only the sound row

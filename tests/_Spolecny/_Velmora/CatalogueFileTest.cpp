@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "RandomCatalogue.h"
 #include "TextCodec.h"
 #include "_Velmora/CQvxMaterial.h"
 #include "_Velmora/CQvxSezMaterialu.h"
@@ -10,7 +11,6 @@
 #include "support/ArchiveBytes.h"
 #include "support/CatalogueBuilding.h"
 #include "support/CatalogueFixtures.h"
-#include "RandomCatalogue.h"
 #include "support/RecordSummary.h"
 #include "support/ThrownText.h"
 
@@ -33,6 +33,7 @@ TEST(CatalogueTables, HoldThePublishedRowsInTheirOrder) {
               "DN 400 400/400, DN 450 450/450, DN 500 500/500, DN 600 600/600, DN 700 700/700, DN 800 800/800, "
               "DN 900 900/900, DN 1000 1000/1000, DN 1200 1200/1200, ");
     EXPECT_EQ(sdr, "--- 0, SDr 6 6, SDr 7.4 7.2, SDr 9 9, SDr 11 11, SDr 13.6 13.6, SDr 17 17, SDr 17.6 17.6, ");
+    EXPECT_NE(FindSdrRow(0), nullptr);
     EXPECT_EQ(FindSdrRow(kSdrCount), nullptr);  // an index a newer file may hold
 }
 

@@ -283,6 +283,9 @@ TEST_F(CatalogueFiles, MergingACatalogueCutShortTellsWhereAndKeepsWhatWasRead) {
     EXPECT_EQ(messages.shown[0].caption, u"Neočekávaná výjimka");
     EXPECT_EQ(messages.shown[0].text, u"Soubor katalogu končí předčasně:\n" + picked.u16string() + u"\nChyba na bajtu " +
                                           cutAt + u".\n\nMateriály načtené před chybou zůstávají v seznamu.");
+    const std::u16string missing = (root.Path() / "zmizelý.qxp").u16string();
+    EXPECT_FALSE(MergeCatalogueFile(list, missing));
+    EXPECT_EQ(messages.shown.back().text, u"Nelze otevřít soubor" + missing);
 
     WriteFileBytes(StandardFile(), cut);
     messages.shown.clear();

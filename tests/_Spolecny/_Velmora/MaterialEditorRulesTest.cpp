@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "_Velmora/CQvxMaterial.h"
@@ -66,6 +67,9 @@ TEST(DisplayOrder, IgnoresCaseTheCzechWayThenComparesCodes) {
     EXPECT_EQ(NamesOf(rows), (std::vector<std::u16string>{u"ABC", u"Abd", u"Dno", u"abc", u"Čep", u"čas"}));
     SortForDisplay(rows);
     EXPECT_EQ(NamesOf(rows), (std::vector<std::u16string>{u"ABC", u"abc", u"Abd", u"Dno", u"čas", u"Čep"}));
+    std::reverse(rows.begin(), rows.end());
+    SortForDisplay(rows);
+    EXPECT_EQ(NamesOf(rows).front(), u"ABC");
 
     EXPECT_TRUE(DisplayOrderLess(u"abc", u"Abd"));
     EXPECT_TRUE(DisplayOrderLess(u"ABC", u"abc"));  // equal but for case: code units decide
@@ -192,6 +196,15 @@ TEST_F(ApplyEdit, RenameChecksTheNamesLengthAndRefusalsChangeNothing) {
     EXPECT_EQ(list.Count(), 2u);
     EXPECT_EQ(list.Find(u"PE"), &pe);
     EXPECT_EQ(ApplyMaterialEdit(list, EditMode::Edit, FieldsNamed(u"12345678901234567890", &pe), &pe).material, &pe);
+
+    // A copy takes the profiles as its own and marks the list changed; an addition takes none.
+    list.SetUnchanged(true);
+    const CQvxMaterial* copy = ApplyMaterialEdit(list, EditMode::Copy, FieldsNamed(u"Kopie", &pe), &pe).material;
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(copy->Profiles().size(), 2u);
+    EXPECT_NE(copy->FindProfile(11), pe.FindProfile(11));
+    EXPECT_FALSE(list.IsUnchanged());
+    EXPECT_TRUE(ApplyMaterialEdit(list, EditMode::Add, FieldsNamed(u"Nový"), nullptr).material->Profiles().empty());
 }
 
 TEST_F(ApplyEdit, HandingBackPointsTheUsersAtTheCallersNewRecords) {
