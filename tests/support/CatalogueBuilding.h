@@ -26,6 +26,16 @@ void EditMaterial(CQvxMaterial& material, Change&& change) {
     material.ApplyExchangeRecord(record);
 }
 
+// A new material used for `placement` and `medium` (their bit masks).
+inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name, int32_t placement, int32_t medium) {
+    CQvxMaterial& material = AddMaterial(list, name);
+    EditMaterial(material, [&](MaterialExchangeRecord& record) {
+        record.placement = placement;
+        record.medium = medium;
+    });
+    return material;
+}
+
 inline Bytes WriteCatalogue(CQvxSezMaterialu& list, bool onlyUsed = false) {
     return StoredBytes([&](CArchive& archive) { list.Serialize(archive, onlyUsed); });
 }

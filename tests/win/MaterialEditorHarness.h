@@ -23,15 +23,6 @@ namespace material_dialogs {
 inline constexpr wchar_t kCaption[] = L"Materiály potrubí";
 using Names = std::vector<std::u16string>;
 
-inline CQvxMaterial& AddUsedFor(CQvxSezMaterialu& list, std::u16string_view name, int32_t placement, int32_t medium) {
-    CQvxMaterial& material = AddMaterial(list, name);
-    EditMaterial(material, [&](MaterialExchangeRecord& record) {
-        record.placement = placement;
-        record.medium = medium;
-    });
-    return material;
-}
-
 // Sewer materials "Alfa" and "Beta" (circles), "Vejce", "Praha", "Tlama" and "Rám" (shapes 1 to 4),
 // each with DN 80 and DN 100 profiles, every profile with a width and both codes; unchanged.
 inline void AddEveryShape(CQvxSezMaterialu& list) {

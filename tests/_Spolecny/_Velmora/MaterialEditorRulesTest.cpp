@@ -22,22 +22,13 @@ std::vector<std::u16string> NamesOf(const std::vector<CQvxMaterial*>& materials)
     return names;
 }
 
-CQvxMaterial& AddWithMasks(CQvxSezMaterialu& list, std::u16string_view name, int32_t placement, int32_t medium) {
-    CQvxMaterial& material = AddMaterial(list, name);
-    EditMaterial(material, [&](MaterialExchangeRecord& record) {
-        record.placement = placement;
-        record.medium = medium;
-    });
-    return material;
-}
-
 // The radios as the dialog reads them (-1: none checked) give the masks that decide the listing,
 // and the masks give back the radios that show them (a mixed mask: its lowest bit).
 TEST(MaterialFilter, RadiosListTheMaterialsSharingABitWithEachMaskAndShowTheirMasks) {
     CQvxSezMaterialu list;
-    AddWithMasks(list, u"Voda a kanál", 2, 1 | 4);
-    AddWithMasks(list, u"Plyn ZTI", 1, 8);
-    AddWithMasks(list, u"Teplo", 3, 16);
+    AddUsedFor(list, u"Voda a kanál", 2, 1 | 4);
+    AddUsedFor(list, u"Plyn ZTI", 1, 8);
+    AddUsedFor(list, u"Teplo", 3, 16);
     struct Case {
         int placementRadio;
         int mediumRadio;
