@@ -129,7 +129,15 @@ bool TreeListWindow::HeaderShows(int column, const HDITEMW& wanted) const {
            shown.cxy == wanted.cxy && shown.fmt == wanted.fmt && lstrcmpW(caption, wanted.pszText) == 0;
 }
 
+void TreeListWindow::SetRedraw(bool redraw) {
+    redraw_ = redraw;
+    if (!redraw_) return;
+    UpdateHeader();
+    Layout();
+}
+
 void TreeListWindow::UpdateHeader() {
+    if (!redraw_) return;
     const int columns = model_.ColumnCount();
     while (SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0) > columns) SendMessageW(header_, HDM_DELETEITEM, columns, 0);
     for (int column = 0; column < columns; ++column) {
@@ -152,6 +160,7 @@ void TreeListWindow::UpdateHeader() {
 }
 
 void TreeListWindow::Layout() {
+    if (!redraw_) return;
     RECT client{};
     GetClientRect(window_, &client);
 
@@ -185,6 +194,9 @@ void TreeListWindow::Layout() {
                         0};
     bool barsChanged = SetScrollBar(SB_VERT, vertical);
 
+    // A vertical bar shown or hidden resized the client area, and the control has been laid out for
+    // the new width meanwhile (WM_SIZE): the horizontal bar is measured against that width.
+    GetClientRect(window_, &client);
     const int total = model_.TotalColumnWidth();
     scrollX_ = std::clamp(scrollX_, 0, std::max(total - static_cast<int>(client.right), 0));
     SCROLLINFO horizontal{sizeof(horizontal),

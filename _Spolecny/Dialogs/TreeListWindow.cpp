@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 #include "Dialogs/CCheckedEdit.h"
@@ -195,6 +196,9 @@ LRESULT TreeListWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_STYLECHANGED:
         case WM_ENABLE:
             Layout();
+            return 0;
+        case WM_SETREDRAW:
+            SetRedraw(wParam != FALSE);
             return 0;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
@@ -651,7 +655,8 @@ void TreeListWindow::Scroll(int bar, int request, int position) {
         default:
             return;
     }
-    const int highest = std::max(info.nMax - page + 1, 0);
+    // With drawing off the bars wait for the layout that ends it, which clamps the position.
+    const int highest = redraw_ ? std::max(info.nMax - page + 1, 0) : std::numeric_limits<int>::max();
     target = std::clamp(target, 0, highest);
     if (bar == SB_VERT) {
         topRow_ = target;

@@ -65,6 +65,9 @@ private:
     void Scroll(int bar, int request, int position);
 
     // Layout and painting (TreeListPaint.cpp).
+    // Off, the control neither lays itself out nor sets its header: emptied and filled row by row,
+    // its scroll bars would come and go, each time a new frame painted at once. On, it does both once.
+    void SetRedraw(bool redraw);
     void Layout();
     // True when the bar changed.
     bool SetScrollBar(int bar, const SCROLLINFO& info);
@@ -140,6 +143,7 @@ private:
     RECT headerPlace_{};
     SCROLLINFO verticalBar_{};
     SCROLLINFO horizontalBar_{};
+    bool redraw_ = true;
     bool paintPending_ = false;  // Layout invalidated the whole control, not painted since
     bool framePending_ = false;  // Layout invalidated the frame, not painted since
     int clientWidth_ = 0;

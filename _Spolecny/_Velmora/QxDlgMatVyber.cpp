@@ -232,16 +232,20 @@ void CQxDlgMatVyber::SelectMaterial(int row) {
     currentIndex_ = row;
     CQvxMaterial* material = RowMaterial(row);
     LoadFields(material, DescriptionMode::DxT);
+    // The pane is emptied and filled again as one change.
+    profilePane_.Send(WM_SETREDRAW, FALSE);
     EmptyProfilePane();
-    if (material == nullptr) return;
-    SetProfileColumns(*material);
-    HTREEITEM first = nullptr;
-    for (const auto& [dnIndex, profile] : material->Profiles()) {
-        const HTREEITEM added = InsertProfileRow(*profile);
-        if (first == nullptr) first = added;
+    if (material != nullptr) {
+        SetProfileColumns(*material);
+        HTREEITEM first = nullptr;
+        for (const auto& [dnIndex, profile] : material->Profiles()) {
+            const HTREEITEM added = InsertProfileRow(*profile);
+            if (first == nullptr) first = added;
+        }
+        if (first != nullptr) profilePane_.SelectCell(first, 0);
     }
-    if (first != nullptr) profilePane_.SelectCell(first, 0);
-    profilePane_.Redraw();
+    profilePane_.Send(WM_SETREDRAW, TRUE);
+    if (material != nullptr) profilePane_.Redraw();
 }
 
 void CQxDlgMatVyber::LoadFields(const CQvxMaterial* material, DescriptionMode descriptionMode) {

@@ -73,6 +73,24 @@ protected:
     std::u16string startText;
 };
 
+// Emptied and filled in one go, the pane shows a vertical bar only for more rows than fit, never a
+// horizontal one its columns do not need, whatever material it showed before; the first row is
+// current.
+TEST_F(ProfilePaneEditor, ScrollBarsFitEachShownMaterial) {
+    AddMaterial(catalogue, u"AA");  // no profiles, listed first
+    CQvxMaterial& full = AddMaterial(catalogue, u"PE");
+    for (int dnIndex = 0; dnIndex < 28; ++dnIndex) full.AddProfile(dnIndex);
+    Open();
+    const auto bars = [this] { return GetWindowLongW(Pane().Handle(), GWL_STYLE) & (WS_VSCROLL | WS_HSCROLL); };
+    for (const int row : {1, 0, 1}) {
+        editor.MaterialList().SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+        gui::Pump(editor);
+        EXPECT_EQ(RowDns().size(), row == 1 ? 28u : 0u);
+        EXPECT_EQ(bars(), row == 1 ? WS_VSCROLL : 0) << "row " << row;
+    }
+    EXPECT_EQ(Pane().GetNextItem(nullptr, TVGN_CARET), Next(nullptr));
+}
+
 // What the editor dialog hears of the pane's edits, in order (Begin, Validate, End, Store), and the
 // end record's mask.
 std::string heard;
